@@ -1,0 +1,5 @@
+#include "core/game_state.h"
+
+#include <cstdio>
+
+int main() { std::puts("stonemarch-battle"); }

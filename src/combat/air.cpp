@@ -1,0 +1,7 @@
+#include "combat/air.h"
+
+namespace sm {
+
+void Air_Mission(int) {}
+
+}   // namespace sm

@@ -1,0 +1,51 @@
+#include "core/seat.h"
+
+#include "core/platform.h"
+
+#include <algorithm>
+
+namespace sm {
+
+Seat SEAT;
+
+void Show_Picture(int unit)
+{
+    if (unit < 1 || unit > MAX_UNIT || SEAT.PICTURE[unit]) return;
+    SEAT.PICTURE[unit] = true;
+    Screen().Unit_Changed(unit);
+}
+
+void Hide_Picture(int unit)
+{
+    if (unit < 1 || unit > MAX_UNIT || !SEAT.PICTURE[unit]) return;
+    SEAT.PICTURE[unit] = false;
+    Screen().Unit_Changed(unit);
+}
+
+void Hide_All_Pictures() { std::fill(std::begin(SEAT.PICTURE), std::end(SEAT.PICTURE), false); }
+
+bool Show_Unit(int unit)
+{
+    const UNIT_RECORD& u = UNIT[unit];
+    if (u.STATUS < 1 || u.PARENT_UNIT != 0) return false;
+    int view = ViewMode;
+    if (view == 0) {
+        if (SEAT.TurnRunning && PlanSide == 3) return SEAT.PICTURE[unit];
+        view = PlanSide == 1 || PlanSide == 2 ? PlanSide : UserSide == 1 || UserSide == 2 ? UserSide : 3;
+    }
+    if (view == 1) return u.SIDE == BLUE || u.SPOTTED > 0 || u.BCOP == 1;
+    if (view == 2) return u.SIDE == RED || u.SPOTTED > 0 || u.RCOP == 1;
+    return true;
+}
+
+void Show_By_View(int unit)
+{
+    UNIT_RECORD& u = UNIT[unit];
+    const bool shown = (ViewMode == 1 && (u.SIDE == BLUE || u.SPOTTED > 0)) ||
+                       (ViewMode == 2 && (u.SIDE == RED || u.SPOTTED > 0)) || ViewMode == 3;
+    if (!shown) return;
+    if (u.VISIBLE == 0) u.VISIBLE = 1;
+    Show_Picture(unit);
+}
+
+}   // namespace sm

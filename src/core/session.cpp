@@ -1,0 +1,5 @@
+#include "core/session.h"
+
+namespace sm {
+
+}   // namespace sm

@@ -1,0 +1,7 @@
+#include "intel/intelligence.h"
+
+namespace sm {
+
+void Intelligence_Update() {}
+
+}   // namespace sm

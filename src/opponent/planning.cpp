@@ -1,0 +1,7 @@
+#include "opponent/planning.h"
+
+namespace sm {
+
+void Enemy_Planning(int) {}
+
+}   // namespace sm
