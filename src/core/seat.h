@@ -22,11 +22,13 @@ struct Seat {
     float MessageDelay = 2000.0f;   ///< milliseconds that a shown message stays
     int RangeRings = 0;     ///< range rings drawn
     int ProgressValue = 0, ProgressMax = 1600;
+    bool PlanningEnabled = false;   ///< network games: the host lets this seat plan
     bool TurnRunning = false;       ///< while Play_Turn runs every command that writes to a table is refused
     std::string MsgText;            ///< message being built
     std::string GameFileName;       ///< file being read or written
     std::string WindowTitle = "Stonemarch";
     std::string NetMessage;
+    std::string PlayerName;         ///< of this seat in a network game
     bool PICTURE[MAX_UNIT + 1] = {};   ///< unit pictures shown on this screen
 };
 

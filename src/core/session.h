@@ -8,6 +8,9 @@ namespace sm {
 
 inline constexpr const char* VERSION_LABEL = "Version 2.04 --- 3 Jan 05";
 
+/// Version of this build, for `--version`.
+std::string Build_Version();
+
 /// Whether a screen of this size is accepted: exactly 1024 x 768, 1152 x 864 or 1280 x 960.
 bool Screen_Size_Accepted(int width, int height);
 /// Largest accepted size that fits a desktop of this size, or false.

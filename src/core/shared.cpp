@@ -283,6 +283,12 @@ bool Inside_TAI(int unit, int side)
     return false;
 }
 
+Point Work_Centre(int row)
+{
+    const float half = HEXWIDTH / 2.0f;
+    return {Round_Even(BG[row].BGX + half), Round_Even(BG[row].BGY + half)};
+}
+
 void Delay(int milliseconds) { Screen().Delay(milliseconds); }
 
 void Message_Pause() { Screen().Delay(Round_Even(MessageDelay)); }

@@ -3,6 +3,7 @@
 
 #include "core/game_state.h"
 #include "core/log.h"
+#include "terrain/grid.h"
 
 #include <string_view>
 
@@ -66,6 +67,9 @@ void Remove_NBC(int row);
 bool Inside_TAI(int unit, int side);
 /// An NAI or TAI is active when its PAGE is above 1, and all of them on turn 1.
 bool Graphic_Active(int row);
+
+/// Centre of the cell of a BG row: its corner plus half a cell, rounded half to even.
+Point Work_Centre(int row);
 
 void Delay(int milliseconds);
 /// The common pause after a shown message.

@@ -1,0 +1,7 @@
+#include "net/mail.h"
+
+namespace sm {
+
+void Mail_Turn_End() {}
+
+}   // namespace sm
