@@ -5,6 +5,7 @@
 #include "core/platform.h"
 #include "core/seat.h"
 #include "core/shared.h"
+#include "core/sound_cues.h"
 #include "net/protocol.h"
 #include "persist/game_file.h"
 #include "persist/program_folder.h"
@@ -223,7 +224,7 @@ bool Load_Game()
     Update_Header();
     Show_Status("");
     Screen().Changed(Redraw::ALL);
-    Play_Sound(14);
+    Play_Sound(SOUND_GAME_READY);
     if (GameType == 8) Send_Net_Message(Cat("0\xA6" "0\xA6" "0\xA6" "0\xA6" "0\xA6" "0\xA6", SEAT.PlayerName, "\xA6"));
     return true;
 }

@@ -7,6 +7,7 @@
 #include "core/platform.h"
 #include "core/seat.h"
 #include "core/shared.h"
+#include "core/sound_cues.h"
 #include "core/unit_reset.h"
 #include "intel/command.h"
 #include "intel/intelligence.h"
@@ -224,7 +225,7 @@ void Report_To_The_Player()
     Delay(500);
     Progress_Advance();
     Progress_Finish();
-    Play_Sound(1);
+    Play_Sound(SOUND_TURN_DONE);
     Screen().Changed(Redraw::ALL);
     MapMode = 0;
     Show_Status("");
