@@ -8,6 +8,7 @@ namespace sm {
 inline constexpr int ERROR_OVERFLOW = 6;
 inline constexpr int ERROR_RANGE = 9;
 inline constexpr int ERROR_CONVERSION = 13;
+inline constexpr int ERROR_INTERNAL = 51;
 inline constexpr int ERROR_NO_FILE = 53;
 inline constexpr int ERROR_DISK = 57;
 

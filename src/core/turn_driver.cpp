@@ -4,6 +4,7 @@
 #include "combat/artillery.h"
 #include "combat/ground_combat.h"
 #include "core/clock.h"
+#include "core/invariants.h"
 #include "core/platform.h"
 #include "core/seat.h"
 #include "core/shared.h"
@@ -326,6 +327,9 @@ bool Play_Turn()
             for (const TURN_STEP& s : TURN) {
                 step = s.NAME;
                 s.RUN();
+#ifndef NDEBUG
+                Require_Invariants();
+#endif
                 Screen().Phase_Done(s.NAME);
             }
         }

@@ -1,0 +1,216 @@
+#include "core/unit_reset.h"
+#include "support/board.h"
+
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// STATUS of a unit of this role and strength after a reset.
+int Status_After(int type, float strength, int ew = 0)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55, type);
+    UNIT[u].STRENGTH = strength;
+    UNIT[u].EWSTATUS = ew;
+    Reset_Units();
+    return UNIT[u].STATUS;
+}
+
+int Allowance(int mobility, int c2, int mopp, int turn_length)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55);
+    UNIT[u].MOBILITY = mobility;
+    UNIT[u].C2 = c2;
+    UNIT[u].MOPP = mopp;
+    TurnLength = turn_length;
+    Set_Movement_Allowance(u);
+    return UNIT[u].MOVEPOINTS2;
+}
+
+}   // namespace
+
+TEST(Reset, StrengthDecidesWhoCanStillAct)
+{
+    EXPECT_EQ(Status_After(5, 36), 2);
+    EXPECT_EQ(Status_After(5, 35), 1);
+    EXPECT_EQ(Status_After(7, 35), 2);    // guns hold out to a tenth
+    EXPECT_EQ(Status_After(7, 9), 1);
+    EXPECT_EQ(Status_After(5, 35.5f), 1);
+    EXPECT_EQ(Status_After(5, 0.5f), 0);
+    EXPECT_EQ(Status_After(5, 0.5f, 2), 1);     // located by ELINT: ineffective
+    EXPECT_EQ(Status_After(5, 0.5f, 10), 5);    // jammed: keeps its row for a turn
+}
+
+TEST(Reset, AJamLastsThisTurnAndTheNext)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55);
+    UNIT[u].EWSTATUS = 10;
+    Reset_Units();
+    EXPECT_EQ(UNIT[u].EWSTATUS, 5);
+    EXPECT_EQ(UNIT[u].STATUS, 2);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 22);   // 24 less 2 while degraded
+    Reset_Units();
+    EXPECT_EQ(UNIT[u].EWSTATUS, 0);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 24);
+}
+
+TEST(Reset, AUnitThatIsGoneTakesItsAttachmentsAndItsPassengerWithIt)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55), child = board.Place(BLUE, 55, 55), other = board.Place(BLUE, 15, 15);
+    UNIT[u].STRENGTH = 0;
+    UNIT[child].PARENT_UNIT = u;
+    Reset_Units();
+    EXPECT_EQ(UNIT[u].STATUS, 0);
+    EXPECT_EQ(UNIT[child].STATUS, 0);
+    EXPECT_EQ(UNIT[other].STATUS, 2);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 1);   // a free row holds 1
+    EXPECT_TRUE(Messages().empty());     // without a word
+}
+
+TEST(Reset, TheAllowanceIsBuiltStepByStep)
+{
+    EXPECT_EQ(Allowance(0, 3, 0, 0), 6);
+    EXPECT_EQ(Allowance(0, 0, 3, 0), 2);    // 6, less 2, halved
+    EXPECT_EQ(Allowance(0, 0, 3, 1), 1);    // 2 / 2
+    EXPECT_EQ(Allowance(0, 0, 3, 2), 1);    // 2 / 8 = 0, at least 1
+    EXPECT_EQ(Allowance(2, 2, 3, 0), 16);   // 22 x 0.75 = 16.5, halves to even
+    EXPECT_EQ(Allowance(1, -1, 0, 2), 3);   // 24 / 8; a jammed C2 of -1 changes nothing
+    EXPECT_EQ(Allowance(3, 0, 3, 1), 200);  // an aircraft has 400 whatever its state
+    EXPECT_EQ(Allowance(10, 3, 0, 0), 1);   // a line of communication starts at 0
+}
+
+TEST(Reset, SpecialRolesHaveTheirOwnAllowance)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55, 13);
+    UNIT[u].SIZE = 4;
+    Set_Movement_Allowance(u);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 12);
+    UNIT[u].SIZE = 3;
+    Set_Movement_Allowance(u);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 24);
+    UNIT[u].SIZE = 100;
+    Set_Movement_Allowance(u);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 48);
+    UNIT[u].SIZE = 3;
+    UNIT[u].UCONTROL = 1;
+    UNIT[u].TYPE = 24;
+    Set_Movement_Allowance(u);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 30);
+    UNIT[u].TYPE = 18;
+    Set_Movement_Allowance(u);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 18);
+    UNIT[u].UCONTROL = 0;
+    UNIT[u].TYPE = 5;
+    UNIT[u].TACOPN = 2;
+    UNIT[u].STATUS = 1;
+    Set_Movement_Allowance(u);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 26);   // 24 + 4 - 2
+}
+
+TEST(Reset, AParentKeepsPaceWithItsFastestAttachment)
+{
+    Board board(10, 10);
+    const int parent = board.Place(BLUE, 55, 55, 19), child = board.Place(BLUE, 55, 55, 5);
+    UNIT[parent].MOBILITY = 0;
+    UNIT[child].PARENT_UNIT = parent;
+    Reset_Units();
+    EXPECT_EQ(UNIT[parent].MOVEPOINTS2, 24);
+}
+
+TEST(Reset, DeliberateDefenceIsBuiltOverTheTurnsAndOnlyFromAHastyOne)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55);
+    UNIT[u].TACOPN = 1;
+    UNIT[u].TIMERM = 2;
+    Reset_Units();
+    EXPECT_TRUE(Posted("B1: Deliberate defense will be finished in 1 turns!"));
+    Reset_Units();
+    EXPECT_EQ(UNIT[u].TACOPN, 11);
+    EXPECT_EQ(UNIT[u].MISSION, "Deliberate Defense");
+    EXPECT_TRUE(Posted("B1: Deliberate defense is complete!"));
+    UNIT[u].TACOPN = 0;
+    UNIT[u].TIMERM = 1;
+    Reset_Units();
+    EXPECT_EQ(UNIT[u].TACOPN, 0);
+}
+
+TEST(Reset, RestIsDeeperForUnitsThatStand)
+{
+    Board board(10, 10);
+    const int halted = board.Place(BLUE, 15, 15), standing = board.Place(BLUE, 55, 55);
+    UNIT[halted].MOVESTATUS = 1;
+    UNIT[halted].FATIGUE = UNIT[standing].FATIGUE = 5;
+    Reset_Units();
+    EXPECT_EQ(UNIT[halted].MOVESTATUS, 2);
+    EXPECT_EQ(UNIT[halted].FATIGUE, 3);
+    EXPECT_EQ(UNIT[standing].FATIGUE, 1);
+    Reset_Units();
+    EXPECT_EQ(UNIT[standing].FATIGUE, 0);
+}
+
+TEST(Reset, TheLossOfTheTurnIsToldInWholePercent)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55, 5, 30.0f);
+    UNIT[u].RCP2 = 27;   // 3 / 30: f32 0.1 x 100 = 10
+    Reset_Units();
+    EXPECT_TRUE(Posted("B1 suffered 10% total losses this turn!"));
+    EXPECT_EQ(UNIT[u].RCP3, 27.0f);
+    UNIT[u].RCP3 = 0;
+    std::string log;
+    static std::string* heard;
+    heard = &log;
+    Listen_To_Log([](std::string_view line) { heard->append(line).push_back('\n'); });
+    Reset_Units();
+    Listen_To_Log(nullptr);
+    EXPECT_NE(log.find("Morale Check Error: B1"), std::string::npos);
+}
+
+TEST(Reset, AnActiveNAIWatchesUnitsAndWorksAroundIt)
+{
+    Board board(60, 60);
+    const int near = board.Place(RED, 140, 100), far = board.Place(RED, 141, 100);
+    P[1].PTYPE = 12;
+    P[1].PSIDE = BLUE;
+    P[1].PX1 = P[1].PY1 = 100;
+    P[1].PAGE = 1;
+    GTURN = 5;
+    BG[1].BGHEX = 1;
+    BG[1].BGSIDE = RED;
+    BG[1].BGX = 505;   // centre 510: 410 pixels, 41 km off
+    BG[1].BGY = 95;
+    Reset_Units();
+    EXPECT_EQ(UNIT[near].SPOTTED, 0);   // not active yet
+    P[1].PAGE = 2;
+    Reset_Units();
+    EXPECT_EQ(UNIT[near].SPOTTED, 1);   // at 40 pixels
+    EXPECT_EQ(UNIT[far].SPOTTED, 0);    // at 41
+    EXPECT_EQ(BG[1].BGVISIBLE, 0);
+    BG[1].BGX = 504;   // 40.9 km counts as 40
+    Reset_Units();
+    EXPECT_EQ(BG[1].BGVISIBLE, 1);
+}
+
+TEST(Reset, AUsedUnitWithoutASideIsAskedForOrTakesItsHalf)
+{
+    Board board(10, 10);
+    const int u = board.Place(BLUE, 55, 55);
+    UNIT[u].SIDE = 0;
+    board.SCREEN.ANSWERS = {false};
+    Reset_Units();
+    EXPECT_TRUE(board.SCREEN.Heard("ask", "Error Trapper|Is B1 a BLUE unit?"));
+    EXPECT_EQ(UNIT[u].SIDE, RED);
+    UNIT[u].SIDE = 0;
+    GameType = 7;
+    Reset_Units();
+    EXPECT_EQ(UNIT[u].SIDE, BLUE);
+    EXPECT_EQ(board.SCREEN.Count("ask", ""), 1);
+}

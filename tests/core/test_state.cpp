@@ -1,0 +1,193 @@
+#include "core/invariants.h"
+#include "core/session.h"
+#include "core/state_hash.h"
+#include "core/turn_driver.h"
+#include "support/board.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+
+using namespace sm;
+using namespace sm::test;
+
+TEST(Hash, EveryFieldThatCountsMovesItAndNoFieldOfASeatDoes)
+{
+    Board board(10, 10);
+    board.Place(BLUE, 55, 55);
+    const std::uint64_t start = State_Hash();
+    std::set<std::uint64_t> seen{start};
+    const auto moved = [&](auto& field, auto value) {
+        const auto before = field;
+        field = value;
+        const bool fresh = seen.insert(State_Hash()).second;
+        field = before;
+        return fresh;
+    };
+    EXPECT_TRUE(moved(UNIT[1].FATIGUE, 9));
+    EXPECT_TRUE(moved(UNIT[600].FREEHUNT, 1));
+    EXPECT_TRUE(moved(UNIT[1].NAME, "x"));
+    EXPECT_TRUE(moved(UNIT[1].TURNLOSS, 0.5f));
+    EXPECT_TRUE(moved(UNIT[1].VISIBLE, -1));
+    EXPECT_TRUE(moved(MN[600].MNY, 1));
+    EXPECT_TRUE(moved(PP[20].PPMSG, "x"));
+    EXPECT_TRUE(moved(GMONTH, "Mar"));
+    EXPECT_TRUE(moved(RSEED, 17));
+    EXPECT_TRUE(moved(BBOMBERS, 1));
+    EXPECT_TRUE(moved(FireMult, 3));
+    EXPECT_TRUE(moved(HEXMAP[100].THIGH, 1));
+    EXPECT_FALSE(moved(UNIT[1].VISIBLE, 1));   // 0 and 1 differ by view
+    EXPECT_FALSE(moved(UNIT[1].DX, 5));
+    EXPECT_FALSE(moved(AARN, 5));
+    EXPECT_FALSE(moved(GameType, 8));
+    EXPECT_FALSE(moved(SITREPLIST[1].TEXT, "x"));
+    EXPECT_FALSE(moved(HEXMAP[100].TNAME, "x"));
+    ViewMode = 2;
+    SelUnit = 1;
+    EXPECT_EQ(State_Hash(), start);
+}
+
+TEST(Hash, TheTableHashesNameTheTableAndDiffTheField)
+{
+    Board board(10, 10);
+    board.Place(BLUE, 55, 55);
+    const auto before = std::make_unique<Game>(GAME);
+    UNIT[17].FATIGUE = 3;
+    RSEED = 5;
+    const auto here = Table_Hashes(), there = Table_Hashes(*before);
+    ASSERT_EQ(here.size(), there.size());
+    std::set<std::string> differ;
+    for (std::size_t i = 0; i < here.size(); ++i)
+        if (here[i].HASH != there[i].HASH) differ.insert(here[i].NAME);
+    EXPECT_EQ(differ, (std::set<std::string>{"SCALARS", "UNIT"}));
+    EXPECT_EQ(Differences(GAME, *before),
+              (std::vector<std::string>{"RSEED 5, there 0", "UNIT[17].FATIGUE 3, there 0"}));
+}
+
+TEST(Invariants, EachCorruptedStateIsCaughtByItsOwnRule)
+{
+    const auto caught = [](auto corrupt) {
+        Board board({"....", "....", "....", "...."});
+        const int u = board.Place(BLUE, 15, 15), v = board.Place(BLUE, 25, 25);
+        for (int n = 1; n <= 2; ++n) {
+            MN[n].MNUNIT = u;
+            MN[n].MNUNITNUMBER = n;
+        }
+        UNIT[u].NUMBER_OF_NODES = 2;
+        UNIT[u].PASSENGER = v;
+        UNIT[v].PARENT_UNIT = u;
+        BG[1].BGHEX = 3;
+        BG[1].BGTYPE = 8;
+        BG[1].BGSIDE = 1;
+        HEXMAP[3].TVALUE = 12;
+        EXPECT_TRUE(Broken_Invariants().empty());
+        corrupt(u, v);
+        const auto broken = Broken_Invariants();
+        return broken.empty() ? std::string("nothing") : broken[0].RULE;
+    };
+    EXPECT_EQ(caught([](int, int) { MN[9].MNUNIT = 44; }), "owner");
+    EXPECT_EQ(caught([](int, int v) { UNIT[v].PARENT_UNIT = 44; }), "owner");
+    EXPECT_EQ(caught([](int u, int) { UNIT[u].PASSENGER = 44; }), "passenger");
+    EXPECT_EQ(caught([](int, int) { MN[2].MNUNITNUMBER = 3; }), "route");
+    EXPECT_EQ(caught([](int u, int) { UNIT[u].NUMBER_OF_NODES = 1; }), "route");
+    EXPECT_EQ(caught([](int u, int) { UNIT[u].MORALE = 5; }), "range");
+    EXPECT_EQ(caught([](int, int) { RSEED = 101; }), "range");
+    EXPECT_EQ(caught([](int, int) { HEXMAP[5].TVALUE = 32; }), "range");
+    EXPECT_EQ(caught([](int u, int) { UNIT[u].X = 25; }), "place");
+    EXPECT_EQ(caught([](int u, int) { UNIT[u].TERTYPE = 4; }), "place");
+    EXPECT_EQ(caught([](int, int) { HEXMAP[3].TVALUE = 1; }), "overlay");
+    EXPECT_EQ(caught([](int, int) { BG[1].BGTYPE = 7; }), "overlay");
+}
+
+TEST(Turn, ThePhasesRunInOrderAndTheLastTurnIsPlayedInFull)
+{
+    Board board(10, 10);
+    board.Place(BLUE, 55, 55);
+    AARPlaying = -1;   // no files
+    GTURN = 0;
+    MAXGTURN = 2;
+    EXPECT_TRUE(Play_Turn());
+    EXPECT_EQ(GTURN, 1);
+    std::vector<std::string> phases;
+    for (const auto& told : board.SCREEN.TOLD)
+        if (told.KIND == "phase") phases.push_back(told.TEXT);
+    EXPECT_EQ(phases, (std::vector<std::string>{"NBC Check", "C4ISR Check", "Fires Phase",
+                                                "Generating New Intelligence Picture", "Movement Phase",
+                                                "Ground Combat Phase", "Resetting Units", "Logistics Phase",
+                                                "Reinforcements Phase"}));
+    EXPECT_EQ(ActiveSide, 3);
+    EXPECT_FALSE(SEAT.TurnRunning);
+    Play_Turn();
+    EXPECT_EQ(GTURN, 2);
+    EXPECT_FALSE(board.SCREEN.Heard("box", "The Battle is Over!"));
+    const auto before = State_Hash();
+    Play_Turn();
+    EXPECT_TRUE(board.SCREEN.Heard("box", "The Battle is Over!"));
+    EXPECT_EQ(GTURN, 2);
+    EXPECT_EQ(GameOver, -1);
+    EXPECT_EQ(ViewMode, 3);
+    GameOver = 0;
+    EXPECT_EQ(State_Hash(), before);   // nothing else moved
+}
+
+TEST(Turn, WithoutAGameNothingOfTheSimulationRuns)
+{
+    Board board(10, 10);
+    AARPlaying = -1;
+    GTURN = -1;
+    EXPECT_TRUE(Play_Turn());
+    EXPECT_EQ(GTURN, -1);
+    EXPECT_EQ(board.SCREEN.Count("phase", ""), 0);
+}
+
+TEST(Turn, AFailureEndsTheTurnAndPutsEverythingBack)
+{
+    Board board(10, 10);
+    const int child = board.Place(BLUE, 25, 25);
+    AARPlaying = -1;
+    GTURN = 3;
+    UNIT[child].PARENT_UNIT = 77;   // a state that no phase makes
+    const auto before = State_Hash();
+    EXPECT_FALSE(Play_Turn());
+    EXPECT_EQ(State_Hash(), before);
+    EXPECT_EQ(GTURN, 3);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "Stonemarch|Error: "));
+    EXPECT_FALSE(SEAT.TurnRunning);
+}
+
+TEST(StartUp, OnlyTheExactScreenSizesAreAccepted)
+{
+    EXPECT_TRUE(Screen_Size_Accepted(1024, 768));
+    EXPECT_TRUE(Screen_Size_Accepted(1152, 864));
+    EXPECT_TRUE(Screen_Size_Accepted(1280, 960));
+    EXPECT_FALSE(Screen_Size_Accepted(1280, 1024));
+    int width = 0, height = 0;
+    EXPECT_TRUE(Window_Size_For(1920, 1080, width, height));
+    EXPECT_EQ(width, 1280);
+    EXPECT_TRUE(Window_Size_For(1280, 900, width, height));
+    EXPECT_EQ(height, 864);
+    EXPECT_FALSE(Window_Size_For(1023, 2000, width, height));
+}
+
+TEST(StartUp, AGameTypeSetsTheSeat)
+{
+    Board board(2, 2);
+    PBMT = 3;
+    EXPECT_TRUE(Choose_Game_Type(4));
+    EXPECT_EQ(UserSide, 2);
+    EXPECT_EQ(PBMT, 0);
+    EXPECT_EQ(WindowTitle, "Stonemarch -- Red Player vs Computer");
+    EXPECT_FALSE(Choose_Game_Type(6));
+    EXPECT_FALSE(Choose_Game_Type(10));
+    EXPECT_TRUE(Choose_Game_Type(8));
+    EXPECT_EQ(NetRole, 2);
+    EXPECT_TRUE(Choose_Game_Type(0));
+    GameLoaded = -1;
+    EXPECT_TRUE(Choose_Side(2));
+    EXPECT_EQ(ActiveSide, 2);
+    Choose_Game_Type(3);
+    GameLoaded = -1;
+    EXPECT_FALSE(Choose_Side(2));   // the computer's side
+    EXPECT_TRUE(Choose_Side(1));
+}
