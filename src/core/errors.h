@@ -11,6 +11,7 @@ inline constexpr int ERROR_CONVERSION = 13;
 inline constexpr int ERROR_INTERNAL = 51;
 inline constexpr int ERROR_NO_FILE = 53;
 inline constexpr int ERROR_DISK = 57;
+inline constexpr int ERROR_END_OF_FILE = 62;
 
 /// A failure of the model or of a file. Inside a turn it ends the turn and puts the state back.
 struct Game_Error : std::runtime_error {

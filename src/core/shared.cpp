@@ -302,6 +302,17 @@ void Progress_Advance(int n)
     Screen().Progress(SEAT.ProgressValue, SEAT.ProgressMax);
 }
 
+void Progress_Advance_Steps(int steps)
+{
+    for (; steps > 0; --steps) {
+        if (SEAT.ProgressValue < SEAT.ProgressMax)
+            ++SEAT.ProgressValue;
+        else
+            SEAT.ProgressMax += 3;
+    }
+    Screen().Progress(SEAT.ProgressValue, SEAT.ProgressMax);
+}
+
 void Progress_Finish()
 {
     const int step = SEAT.ProgressMax / 10 > 0 ? SEAT.ProgressMax / 10 : 1;

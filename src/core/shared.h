@@ -76,6 +76,8 @@ void Delay(int milliseconds);
 void Message_Pause();
 /// The bar's value goes up by n; when that would pass its maximum only the maximum rises, by 3n.
 void Progress_Advance(int n = 100);
+/// The same as `steps` times Progress_Advance(1), told to the screen once.
+void Progress_Advance_Steps(int steps);
 void Progress_Finish();
 void Progress_Reset();
 
