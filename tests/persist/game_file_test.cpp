@@ -1,0 +1,225 @@
+#include "core/session.h"
+#include "core/state_hash.h"
+#include "persist/game_file.h"
+#include "persist/game_format.h"
+#include "persist/log_lines.h"
+#include "persist/program_folder.h"
+#include "support/board.h"
+#include "support/scratch.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// The keys of the file as its readers elsewhere know them, in order.
+constexpr const char* HEADER_KEYS =
+    "GAMEAUTHOR,GAMEVERSION,GAMEFILE,BSCALE,SCENARION,SCENARIOT,MAPFILE,MAPSCALE,HEXWIDTH,NUMROWS,NUMCOLS,TERRAIN "
+    "FILE,"
+    "WINDD,WINDS,VSTATUS,BLUEVP,REDVP,RBMAX,BBMAX,RBNOW,BBNOW,AIRSUPER,INITIATIVE,MAXGTURN,GTURN,GTIME,GDAY,"
+    "GMONTH,DDAY,"
+    "BMNT,EENT,TIME_OF_DAY,NBCSTATUS,ULLAT,ULLONG,DLATY,DLONGX,BFIREF,RFIREF,BRCP1,BRCP2,BMANL,BARTYL,BAIRL,BADAL,"
+    "BNBCL,"
+    "RRCP1,RRCP2,RMANL,RARTYL,RAIRL,RADAL,RNBCL,BEPW,REPW,LOGPLAYR,LOGPLAYB,INTELPLAY,TERRAINE,BNAI,RNAI,BNAIMAX,"
+    "RNAIMAX,BFOBJ,RFOBJ,BTAI,RTAI,BTAIMAX,RTAIMAX,BOBST,BOBSTMAX,BFORTS,BFORTSMAX,ROBST,ROBSTMAX,RFORTS,"
+    "RFORTSMAX,"
+    "RCHMAX,BCHMAX,RCHNOW,BCHNOW,RMFILE,BMFILE,RSEED,BLOCSIDE,RLOCSIDE,PBMT,MRLOSS,MBLOSS,BCFZ,RCFZ,BCFZMAX,"
+    "RCFZMAX,"
+    "BCFFZ,RCFFZ,BCFFZMAX,RCFFZMAX,BSEAD,RSEAD,BSEADMAX,RSEADMAX,AARN,NAIAR,BAIAB";
+constexpr const char* UNIT_KEYS =
+    "UNIT "
+    "NUMBER,IMAGE,IMAGETYPE,NAME,NATION,ACTIVITY,X,Y,X1,Y1,DX,DY,ROW,COL,HEXNUM,FACING,RCP,RCP2,SIDE,SIZE,SPEED,"
+    "STATUS,STRENGTH,TYPE,UNITTYPE,MOVEPOINTS,MOVEPOINTS2,MOVEX,MOVEY,DISTANCE_IN_HEXES,MOVECOST_TO_END,TIME_TO_"
+    "END,"
+    "NUMBER_OF_MOVES,NUMBER_OF_NODES,DROW1,DCOL1,MISSION,MORALE,SPOTTED,MXRANGE,MINRANGE,TIMEREGR,BRIDGING,MOPP,"
+    "MOBILITY,"
+    "FIREMISSION,FIREMISSIONN,FIREMISSIONT,VISIBLE,MOVESTATUS,FOOTPRINT,UDENSITY,TACOPN,PARENT_UNIT,HIGHERHQ,"
+    "LOGSTATO,"
+    "LOGSTATN,LOGUNIT,RSF,LSF,ADATYPE,CHEMWPN,TERTYPE,TARGET,SUPPRESSED,C2,C2D,RCP3,LSF2,RSF2,LOGD,FATIGUE,"
+    "SUPPLYT,"
+    "CONVOYD,TIMERM,LX,LY,RX,RY,WPN,HPTL1,HPTL2,FSP,CARRIER,LOAD,MAXLOAD,WGHT,PASSENGER,PZ,LZ,OFFMAP,UBTYPE,"
+    "UCONTROL,"
+    "SENSORT,SENSORS,SENSORA,C2T,SMOKE,OBSCURED,EWSTATUS,ATIME,POPS,OBJ,HVTTYPE,OX1,OY1,OX2,OY2,ARX,ARY,TACFORM,"
+    "AIACTION,"
+    "BREACH,CFZ,BCOP,RCOP,NAI,TAI,SEADP,WSRO,RETREATP,RETREATS";
+
+struct SECTION_ROW {
+    const char* LINE;
+    int RECORDS;
+    const char* KEYS;
+};
+constexpr SECTION_ROW SECTIONS[] = {
+    {"========UNIT INFORMATION=========", 600, UNIT_KEYS},
+    {"========CONTROL MEASURES=========", 400,
+     "PTYPE,PSIDE,PLINE,PX1,PY1,PX2,PY2,PCOLOR,PTEXT,PIMAGE,PAGE,LINKEDGRAPHIC,LINKEDUNIT"},
+    {"========TEXT BOXES=========", 100, "TXTYPE,TXSIDE,TXX1,TXY1,TXTEXT,TXWIDTH"},
+    {"========MOVEMENT NODES=========", 600, "MNUNIT,MNUNITNUMBER,MNSIDE,MNX,MNY"},
+    {"========TARGETS=========", 200,
+     "TGX,TGY,FUNIT,TGHEX,TGHPT,TGSIDE,TGTYPE,TGDEPTH,TGTOT,TGPTIME,TGNSORTIES,TGRAPHIC"},
+    {"========BRIDGES=========", 300, "BGHEX,BGX,BGY,BGSIDE,BGVISIBLE,BGORDER,BGSTIME,BGTYPE"},
+    {"========NBC CONTAMINATION=========", 50,
+     "NBCHEX,NBCX,NBCY,NBCSIDE,NBCVISIBLE,NBCORDER,NBCSTIME,NBCSIZE,NBCTYPE"},
+    {"======OBJECTIVES==================", 50, "OTYPE,OX,OY,OSIDE,OID,OVALUE"},
+    {"========RCP VALUES=========", 50, "BRCP,RRCP,TTIME"},
+    {"========EVENTS=========", 20,
+     "PPTYPE,PPATYPE,PPIMAGE,PPX,PPY,PPEFFECT,PPSIDE,PPPROBE,PPPFILE,PPPROLE,PPTRIGGER,PPATRIGGER,PPDURATION,"
+     "PPMSG,PPTOT,"
+     "PPACTIVE,PPVISIBLE,PPOBSTACLE"},
+    {"========TACAIR=========", 1, "BTOTAL,OTOTAL,ABCAS,AOCAS,BTOTAL2,OTOTAL2,ABCAS2,AOCAS2,BBOMBERS,RBOMBERS"},
+};
+
+/// Key of every line of a text, section lines whole.
+std::vector<std::string> Keys_Of(const std::string& text)
+{
+    std::vector<std::string> keys;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_TRUE(line.ends_with('\r')) << line;
+        line = line.substr(0, line.size() - 1);
+        keys.push_back(line.substr(0, line.find(':')));
+    }
+    return keys;
+}
+
+void Append_Split(std::vector<std::string>& keys, const char* list)
+{
+    std::istringstream names(list);
+    for (std::string name; std::getline(names, name, ',');) keys.push_back(name);
+}
+
+/// The line of a text that begins with this, without its line end.
+std::string Line_With(const std::string& text, const std::string& start)
+{
+    const auto at = text.find("\n" + start);
+    if (at == text.npos) return "none";
+    return text.substr(at + 1, text.find('\r', at) - at - 1);
+}
+
+class Game_File_Test : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        Clear_Game();
+        WPN.ROW.clear();
+        Set_Program_Folder(home.Path());
+        Use_Screen(&screen);
+        screen.RECORDING = true;
+    }
+    void TearDown() override { Use_Screen(nullptr); }
+
+    /// Fills every field of every record that the file carries with values of its own, so that two swapped lines
+    /// show.
+    void Fill_Everything()
+    {
+        int n = 0;
+        for (const FILE_PART& part : File_Parts())
+            for (int i = 0; i < part.SIZE; ++i)
+                for (const FIELD& field : part.FIELDS) {
+                    if ((field.CARRIERS & (READ | WRITE)) == 0) continue;
+                    char* const record = part.RECORDS + static_cast<std::ptrdiff_t>(i) * part.STRIDE;
+                    n = (n * 1103 + 12345) % 65536;
+                    switch (field.KIND) {
+                    case Kind::I16:
+                        Field_Value<Int16>(record, field) = n - 32768;
+                        break;
+                    case Kind::I32:
+                        Field_Value<std::int32_t>(record, field) = n * 7001 - 99999;
+                        break;
+                    case Kind::F32:
+                        Field_Value<float>(record, field) = static_cast<float>(n - 3000) / 7.0f;
+                        break;
+                    default:
+                        Set_Field_Text(record, field, Cat("T", To_Text(n), ": ", field.KEY));
+                        break;
+                    }
+                }
+        for (int u = 1; u <= MAX_UNIT; ++u) UNIT[u].STATUS = 0;   // a used unit wants its icon
+        for (int g = 1; g <= MAX_P; ++g) P[g].PTYPE = -g;
+    }
+
+    Scratch_Folder home;
+    Headless_Platform screen;
+};
+
+TEST_F(Game_File_Test, EveryRecordIsWrittenInTheOrderThatOtherReadersOfTheFormatExpect)
+{
+    std::vector<std::string> expected;
+    Append_Split(expected, HEADER_KEYS);
+    for (const SECTION_ROW& section : SECTIONS) {
+        expected.push_back(section.LINE);
+        for (int i = 0; i < section.RECORDS; ++i) {
+            if (section.KEYS == UNIT_KEYS) expected.push_back("---------NEW UNIT---------");
+            Append_Split(expected, section.KEYS);
+        }
+    }
+    EXPECT_EQ(Keys_Of(Game_Text()), expected);
+}
+
+TEST_F(Game_File_Test, ANumberHasABlankForItsMissingSignAndATextItsFullWidth)
+{
+    BSCALE = 3;
+    GTURN = -1;
+    GAMEAUTHOR = "";
+    MAPFILE = "Germany1.bmp";
+    MAPSCALE = 0.1f;
+    NUMROWS = 168;
+    ULLONG = -10.98058f;
+    DLATY = -0.0f;
+    DLONGX = 1e-7f;
+    UNIT[1].NAME = "1-1 AR";
+    const std::string text = "\n" + Game_Text();
+    EXPECT_EQ(Line_With(text, "BSCALE"), "BSCALE:  3");
+    EXPECT_EQ(Line_With(text, "GTURN"), "GTURN: -1");
+    EXPECT_EQ(Line_With(text, "GAMEAUTHOR"), "GAMEAUTHOR: ");
+    EXPECT_EQ(Line_With(text, "MAPFILE"), "MAPFILE: Germany1.bmp");
+    EXPECT_EQ(Line_With(text, "MAPSCALE"), "MAPSCALE:  0.1");
+    EXPECT_EQ(Line_With(text, "NUMROWS"), "NUMROWS:  168");
+    EXPECT_EQ(Line_With(text, "ULLONG"), "ULLONG: -10.98058");
+    EXPECT_EQ(Line_With(text, "DLATY"), "DLATY: -0") << "minus 0 must read back as minus 0";
+    EXPECT_EQ(Line_With(text, "DLONGX"), "DLONGX:  0.0000001") << "no exponent";
+    EXPECT_EQ(Line_With(text, "UNIT NUMBER"), "UNIT NUMBER:  1");
+    EXPECT_EQ(Line_With(text, "NAME"), "NAME: 1-1 AR" + std::string(14, ' ')) << "20 bytes";
+}
+
+TEST_F(Game_File_Test, AGameReadBackDiffersOnlyWhereTheFileIsToldToForget)
+{
+    Fill_Everything();
+    const Game before = GAME;
+    const std::string text = Game_Text();
+    Clear_Game();
+    BAIAB = 77;
+    ASSERT_EQ(Read_Game_Text(text), 0);
+
+    Game expected = before;
+    for (int u = 1; u <= MAX_UNIT; ++u) {
+        expected.UNIT[u].DX = before.UNIT[u].DY;
+        expected.UNIT[u].DISTANCE_TO_END = 0;   // never written
+    }
+    for (int e = 1; e <= MAX_PP; ++e) expected.PP[e].PPVISIBLE = 0;
+    expected.BAIAB = 77;   // a scalar that the reader does not find keeps its value
+    EXPECT_EQ(Differences(GAME, expected), std::vector<std::string>{});
+
+    // Written again, the file is the same but for what was forgotten.
+    GAME.BAIAB = before.BAIAB;
+    for (int e = 1; e <= MAX_PP; ++e) PP[e].PPVISIBLE = before.PP[e].PPVISIBLE;
+    EXPECT_EQ(Game_Text(), text);
+}
+
+TEST_F(Game_File_Test, RealsComeBackBitForBit)
+{
+    const float hard[] = {1.0f / 3.0f, 16777216.0f, 0.1f,       123456.789f, 1e-30f,
+                          3.4e38f,     -0.0f,       9999999.0f, 1e7f,        -1e-45f};
+    int row = 0;
+    for (const float value : hard) {
+        AAR[++row].BRCP = value;
+        AAR[row].RRCP = -value;
+    }
+    const Game before = GAME;
+    ASSERT_EQ(Read_Game_Text(Game_Text()), 0);
+    EXPECT_EQ(State_Hash(GAME), State_Hash(before));
+}
+
+}   // namespace
