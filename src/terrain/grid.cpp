@@ -22,7 +22,7 @@ int Hex_Of(int column, int row)
 
 int Hex_Number(int x, int y)
 {
-    if (HEXWIDTH < 1 || x < 0 || y < 0 || x >= Picture_Width() || y >= Picture_Height()) return 0;
+    if (HEXCOUNT < 1 || HEXWIDTH < 1 || x < 0 || y < 0 || x >= Picture_Width() || y >= Picture_Height()) return 0;
     return Hex_Of(Hex_Column(x), Hex_Row(y));
 }
 
