@@ -108,6 +108,4 @@ bool Game_File(int mode)
     }
 }
 
-std::vector<File_Fault> Check_File(const std::string&) { return {}; }
-
 }   // namespace sm

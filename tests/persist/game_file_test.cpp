@@ -1,13 +1,7 @@
 #include "core/session.h"
 #include "core/state_hash.h"
-#include "persist/game_file.h"
-#include "persist/game_format.h"
-#include "persist/log_lines.h"
-#include "persist/program_folder.h"
-#include "support/board.h"
-#include "support/scratch.h"
+#include "persist/game_file_fixture.h"
 
-#include <gtest/gtest.h>
 #include <sstream>
 
 using namespace sm;
@@ -98,52 +92,6 @@ std::string Line_With(const std::string& text, const std::string& start)
     return text.substr(at + 1, text.find('\r', at) - at - 1);
 }
 
-class Game_File_Test : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        Clear_Game();
-        WPN.ROW.clear();
-        Set_Program_Folder(home.Path());
-        Use_Screen(&screen);
-        screen.RECORDING = true;
-    }
-    void TearDown() override { Use_Screen(nullptr); }
-
-    /// Fills every field of every record that the file carries with values of its own, so that two swapped lines
-    /// show.
-    void Fill_Everything()
-    {
-        int n = 0;
-        for (const FILE_PART& part : File_Parts())
-            for (int i = 0; i < part.SIZE; ++i)
-                for (const FIELD& field : part.FIELDS) {
-                    if ((field.CARRIERS & (READ | WRITE)) == 0) continue;
-                    char* const record = part.RECORDS + static_cast<std::ptrdiff_t>(i) * part.STRIDE;
-                    n = (n * 1103 + 12345) % 65536;
-                    switch (field.KIND) {
-                    case Kind::I16:
-                        Field_Value<Int16>(record, field) = n - 32768;
-                        break;
-                    case Kind::I32:
-                        Field_Value<std::int32_t>(record, field) = n * 7001 - 99999;
-                        break;
-                    case Kind::F32:
-                        Field_Value<float>(record, field) = static_cast<float>(n - 3000) / 7.0f;
-                        break;
-                    default:
-                        Set_Field_Text(record, field, Cat("T", To_Text(n), ": ", field.KEY));
-                        break;
-                    }
-                }
-        for (int u = 1; u <= MAX_UNIT; ++u) UNIT[u].STATUS = 0;   // a used unit wants its icon
-        for (int g = 1; g <= MAX_P; ++g) P[g].PTYPE = -g;
-    }
-
-    Scratch_Folder home;
-    Headless_Platform screen;
-};
-
 TEST_F(Game_File_Test, EveryRecordIsWrittenInTheOrderThatOtherReadersOfTheFormatExpect)
 {
     std::vector<std::string> expected;
@@ -220,6 +168,43 @@ TEST_F(Game_File_Test, RealsComeBackBitForBit)
     const Game before = GAME;
     ASSERT_EQ(Read_Game_Text(Game_Text()), 0);
     EXPECT_EQ(State_Hash(GAME), State_Hash(before));
+}
+
+TEST_F(Game_File_Test, AScenarioTakesTheNameOfItsFileAndASavedGameKeepsIt)
+{
+    GAMEVERSION = "of another program";
+    GAMEFILE = "Fulda.sce";
+    const auto saved = [&](const char* name) {
+        EXPECT_TRUE(Save_Game_File((home / name).string(), true));
+        return File_Content(home / name);
+    };
+    const std::string scenario = saved("Fulda Two.SCE"), game = saved("turn 3.btl");
+    EXPECT_EQ(Line_With(scenario, "GAMEFILE"), "GAMEFILE: Fulda Two.SCE");
+    EXPECT_EQ(Line_With(game, "GAMEFILE"), "GAMEFILE: Fulda.sce");
+    EXPECT_EQ(Line_With(game, "GAMEVERSION"), "GAMEVERSION: Version 2.04 --- 3 Jan 05");
+    EXPECT_EQ(GAMEVERSION, "of another program") << "a save changes nothing in the game";
+}
+
+TEST_F(Game_File_Test, ASaveIsToldAndAFailedOneLeavesTheOldFile)
+{
+    const Log_Lines log;
+    GameFileName = (home / "a.btl").string();
+    ASSERT_TRUE(Game_File(2));
+    EXPECT_EQ(log.All(), (std::vector<std::string>{"Saving game file...", "Game file has been saved",
+                                                   "End of file process"}));
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Game file has been saved!"), 1);
+
+    const std::string old = File_Content(home / "a.btl");
+    UNIT[1].RCP = 1e30f * 1e30f;   // no file can hold it
+    EXPECT_FALSE(Game_File(2));
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 6"), 1);
+    EXPECT_EQ(File_Content(home / "a.btl"), old);
+
+    UNIT[1].RCP = 1;
+    GameFileName = (home / "no such folder" / "a.btl").string();
+    EXPECT_FALSE(Game_File(2));
+    EXPECT_EQ(screen.Count("box", "Error: 57"), 1);
+    EXPECT_EQ(log.Count("End of file process"), 3);
 }
 
 }   // namespace

@@ -1,0 +1,234 @@
+#include "persist/game_file_fixture.h"
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+class Game_Reader : public Game_File_Test {
+protected:
+    /// Reads lines as a file of them; 0 or the failure's number.
+    int Read(std::initializer_list<std::string_view> lines, std::string_view line_end = "\r\n")
+    {
+        std::string text;
+        for (const std::string_view line : lines) text += Cat(line, line_end);
+        return Read_Game_Text(text);
+    }
+};
+
+TEST_F(Game_Reader, TakesKeysInAnyCaseAndOrderAndSkipsTheOnesItDoesNotKnow)
+{
+    EXPECT_EQ(Read({"  mapscale : 6", "========UNIT INFO", "NOSUCHKEY: words", "Terrain File: a.ter", "gTurn: 4",
+                    "", "image: x", "Name: n", "TOTAL"}),
+              0);
+    EXPECT_EQ(MAPSCALE, 6.0f);
+    EXPECT_EQ(TERRAIN_FILE, "a.ter");
+    EXPECT_EQ(GTURN, 4);
+    EXPECT_EQ(UNIT[1].NAME, "n");
+}
+
+TEST_F(Game_Reader, TakesEitherLineEndAndALastLineWithoutOne)
+{
+    EXPECT_EQ(Read_Game_Text("GTURN: 4\nBSCALE:  3\r\nGAMEAUTHOR: A\nMAXGTURN: 12"), 0);
+    EXPECT_EQ(GTURN, 4);
+    EXPECT_EQ(BSCALE, 3);
+    EXPECT_EQ(GAMEAUTHOR, "A");
+    EXPECT_EQ(MAXGTURN, 12);
+}
+
+TEST_F(Game_Reader, SplitsALineAtItsFirstColonOnlyAndTrimsTexts)
+{
+    EXPECT_EQ(Read({"GAMEAUTHOR:   A: B : C  ", "IMAGE: b.ico", "NAME:   1-1 AR, C Co",
+                    "UNITTYPE: twenty-one bytes long"}),
+              0);
+    EXPECT_EQ(GAMEAUTHOR, "A: B : C");
+    EXPECT_EQ(UNIT[1].NAME, "1-1 AR, C Co") << "leading blanks are lost, commas stay";
+    EXPECT_EQ(UNIT[1].UNITTYPE.Full(), "twenty-one bytes lon") << "cut at 20 bytes";
+    EXPECT_EQ(UNIT[1].NAME.Full().size(), 20u);
+}
+
+TEST_F(Game_Reader, TakesEveryWayOfWritingANumber)
+{
+    EXPECT_EQ(
+        Read({"MAPSCALE: .5", "ULLAT: 1.25E+02", "ULLONG: -3e-1", "DLATY: 1e-60", "DLONGX:-7.", "BSCALE:+12",
+              "WINDD: 2.5", "WINDS: 3.5", "VSTATUS: -2.5", "BLUEVP: 3E2", "REDVP: 0032767", "MAXGTURN: 32767.4"}),
+        0);
+    EXPECT_EQ(MAPSCALE, 0.5f);
+    EXPECT_EQ(ULLAT, 125.0f);
+    EXPECT_EQ(ULLONG, -0.3f);
+    EXPECT_EQ(DLATY, 0.0f) << "too small for a real is 0";
+    EXPECT_EQ(DLONGX, -7.0f);
+    EXPECT_EQ(BSCALE, 12);
+    EXPECT_EQ(WINDD, 2) << "halves go to the even number";
+    EXPECT_EQ(WINDS, 4);
+    EXPECT_EQ(VSTATUS, -2);
+    EXPECT_EQ(BLUEVP, 300);
+    EXPECT_EQ(REDVP, 32767);
+    EXPECT_EQ(MAXGTURN, 32767);
+}
+
+TEST_F(Game_Reader, RefusesEachKindOfBadLineUnderItsNumber)
+{
+    struct BAD {
+        const char* LINE;
+        int NUMBER;
+    };
+    static constexpr BAD LINES[] = {
+        {"GTURN:", 13},        {"GTURN:  ", 13},          {"GTURN", 13},
+        {"GTURN: 4x", 13},     {"GTURN: 1,5", 13},        {"GTURN: - 5", 13},
+        {"GTURN: 4 5", 13},    {"MAPSCALE: nan", 13},     {"MAPSCALE: inf", 13},
+        {"MAPSCALE:", 13},     {"MAPSCALE: 0x10", 13},    {"GTURN: 32768", 6},
+        {"GTURN: -32769", 6},  {"GTURN: 32767.5", 6},     {"GTURN: 1e400", 6},
+        {"MAPSCALE: 1e39", 6}, {"GTURN: 99999999999", 6}, {"MAPSCALE: -1e400", 6},
+        {"NAME: n", 9},        {"OVALUE: 1", 9},          {"PX1: 1", 9},
+        {"RRCP: 1", 9},        {"PPMSG: late", 9},        {"MNX: 1", 9},
+    };
+    for (const BAD& bad : LINES) {
+        const Log_Lines log;
+        EXPECT_EQ(Read({"BSCALE: 2", bad.LINE, "MAXGTURN: 7"}), bad.NUMBER) << bad.LINE;
+        EXPECT_EQ(log.Count(Cat("Error: ", To_Text(bad.NUMBER), ", line 2: ")), 1) << bad.LINE;
+        EXPECT_EQ(log.Count("Game file is loaded"), 0) << bad.LINE;
+    }
+}
+
+TEST_F(Game_Reader, KeepsWhatItReadBeforeAFailureAndTellsThePlayerTheNumber)
+{
+    Put_File(home / "bad.btl", "BSCALE: 2\r\nIMAGE: a\r\nSIDE:  x\r\nMAXGTURN:  7\r\n");
+    MAXGTURN = 15;
+    GameFileName = (home / "bad.btl").string();
+    const Log_Lines log;
+    EXPECT_FALSE(Game_File(1));
+    EXPECT_EQ(BSCALE, 2);
+    EXPECT_EQ(UNIT[1].IMAGE, "a");
+    EXPECT_EQ(MAXGTURN, 15);
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 13"), 1);
+    EXPECT_EQ(log.All().back(), "End of file process");
+
+    GameFileName = (home / "none.btl").string();
+    EXPECT_FALSE(Game_File(1));
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 53"), 1);
+    GameFileName = home.Path().string();
+    EXPECT_FALSE(Game_File(1)) << "a folder is no file";
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 57"), 1);
+}
+
+TEST_F(Game_Reader, CountsRecordsByTheirFirstKeysAlone)
+{
+    EXPECT_EQ(Read({"IMAGE: a", "UNIT NUMBER: 400", "NAME: one", "IMAGE: b", "OTYPE: 0", "OX: 7", "NAME: two",
+                    "OTYPE: 0", "OX: 8", "PTYPE: 0", "PX1: 9", "OX: 10"}),
+              0);
+    EXPECT_EQ(UNIT[1].NAME, "one");
+    EXPECT_EQ(UNIT[2].NAME, "two") << "a table's keys go on where its own count stands";
+    EXPECT_EQ(OBJ[1].OX, 7);
+    EXPECT_EQ(OBJ[2].OX, 10);
+    EXPECT_EQ(P[1].PX1, 9);
+    EXPECT_TRUE(UNIT[400].NAME == "");
+}
+
+TEST_F(Game_Reader, RefusesARecordMoreThanATableHas)
+{
+    struct TABLE {
+        const char* FIRST_KEY;
+        int SIZE;
+    };
+    static constexpr TABLE TABLES[] = {{"IMAGE", 600}, {"PTYPE", 400}, {"TXTYPE", 100}, {"MNUNIT", 600},
+                                       {"TGX", 200},   {"BGHEX", 300}, {"NBCHEX", 50},  {"OTYPE", 50},
+                                       {"BRCP", 50},   {"PPTYPE", 20}};
+    for (const TABLE& table : TABLES) {
+        std::string text;
+        for (int i = 0; i < table.SIZE; ++i) text += Cat(table.FIRST_KEY, ": 0\r\n");
+        EXPECT_EQ(Read_Game_Text(text), 0) << table.FIRST_KEY;
+        EXPECT_EQ(Read_Game_Text(text + table.FIRST_KEY + ": 0\r\n"), 9) << table.FIRST_KEY;
+    }
+}
+
+TEST_F(Game_Reader, LogsEachTableOnceWhenItsFirstRecordBegins)
+{
+    const Log_Lines log;
+    ASSERT_EQ(Read_Game_Text(Game_Text()), 0);
+    EXPECT_EQ(log.All(), (std::vector<std::string>{
+                             "Loading game file...", "Loading unit info...", "Loading graphics info...",
+                             "Loading text info...", "Loading movement info...", "Loading target info...",
+                             "Loading bridge info...", "Loading NBC info...", "Loading objective info...",
+                             "Loading AAR info...", "Loading event info...", "Game file is loaded"}));
+}
+
+TEST_F(Game_Reader, KeepsTheOldQuirksOfTheFormat)
+{
+    BAIAB = 5;
+    EXPECT_EQ(Read({"BAIAB: 9", "IMAGE: ", "DX: 3", "DY: 4", "DISTANCE_TO_END: 12", "ROE: 1", "FREEHUNT: 1",
+                    "HPTVALUE: 8", "TGTLINK: 8", "HQPOWER: 8", "TURNLOSS: 8", "PPTYPE: 0", "PPVISIBLE: 1",
+                    "PPVisible: 1", "PPACTIVE: 1"}),
+              0);
+    EXPECT_EQ(BAIAB, 5) << "written under this key, read under another";
+    EXPECT_EQ(UNIT[1].DX, 3) << "the reader keeps the two apart";
+    EXPECT_EQ(UNIT[1].DY, 4);
+    EXPECT_EQ(UNIT[1].DISTANCE_TO_END, 12) << "read when present";
+    EXPECT_EQ(UNIT[1].ROE + UNIT[1].FREEHUNT + UNIT[1].HPTVALUE + UNIT[1].TGTLINK + UNIT[1].HQPOWER, 0);
+    EXPECT_EQ(UNIT[1].TURNLOSS, 0.0f);
+    EXPECT_EQ(PP[1].PPVISIBLE, 0);
+    EXPECT_EQ(PP[1].PPACTIVE, 1);
+    EXPECT_EQ(Read({"NAIAB: 9"}), 0);
+    EXPECT_EQ(BAIAB, 9);
+}
+
+TEST_F(Game_Reader, ErasesTheTablesFirstAndLeavesScalarsWeaponsAndPlayers)
+{
+    UNIT[7].ROE = 1;
+    UNIT[7].TURNLOSS = 3;
+    MN[9].MNUNIT = 7;
+    SITREPLIST[1].USED = 1;
+    PLAYERS[1].STATUS = 4;
+    WPN.ROW.resize(3);
+    AIRSUPER = 70;
+    EXPECT_EQ(Read({"GTURN: 1"}), 0);
+    EXPECT_EQ(UNIT[7].ROE, 0);
+    EXPECT_EQ(UNIT[7].TURNLOSS, 0.0f);
+    EXPECT_EQ(MN[9].MNUNIT, 0);
+    EXPECT_EQ(SITREPLIST[1].USED, 0);
+    EXPECT_EQ(PLAYERS[1].STATUS, 4);
+    EXPECT_EQ(WPN.Count(), 3);
+    EXPECT_EQ(AIRSUPER, 70);
+}
+
+TEST_F(Game_Reader, TellsEachMissingIconOnceInTheLogAndOneBoxALoad)
+{
+    Put_File(home / "icons/BADA3.ICO", "picture");
+    Put_File(home / "icons/gas.ico", "picture");
+    const Log_Lines log;
+    EXPECT_EQ(
+        Read({"IMAGE: bada3.ico",  "STATUS: 2",         "IMAGE: rada3.ico", "STATUS: 2",       "IMAGE: rada3.ico",
+              "STATUS: 1",         "IMAGE: unused.ico", "STATUS: 0",        "IMAGE: ",         "STATUS: 2",
+              "IMAGE: ..\\SM.log", "STATUS: 2",         "PTYPE: 12",        "PIMAGE: NAI.ico", "PTYPE: 3",
+              "PIMAGE: ",          "NBCHEX: 5",         "NBCTYPE: 11",      "NBCHEX: 6",       "NBCTYPE: 20",
+              "OTYPE: 3",          "OVALUE: 100",       "OTYPE: 0",         "OVALUE: 0"}),
+        0);
+    const auto missing = [&](const char* name) {
+        return log.Count(Cat("Error: 53, missing icon: \\icons\\", name));
+    };
+    EXPECT_EQ(missing("bada3.ico"), 0) << "names are looked up without regard to case";
+    EXPECT_EQ(missing("rada3.ico"), 1);
+    EXPECT_EQ(missing("unused.ico"), 0);
+    EXPECT_EQ(missing("NAI.ico"), 1);
+    EXPECT_EQ(missing("gas.ico"), 0);
+    EXPECT_EQ(missing("smoke.ico"), 1);
+    EXPECT_EQ(missing("Mcorridor.ico"), 1);
+    EXPECT_EQ(missing("..\\SM.log"), 1) << "nothing outside the program folder is opened";
+    EXPECT_EQ(log.Count("missing icon"), 6) << "the unit without a name among them";
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 53"), 1);
+}
+
+TEST_F(Game_Reader, AFileThatBreaksOffDoesNotBecomeABattleOfHalfItsUnits)
+{
+    const std::string whole = Game_Text();
+    EXPECT_EQ(Read_Game_Text(whole), 0);
+    for (const char* cut : {"UNIT NUMBER:  312", "========TARGETS", "RBOMBERS"})
+        EXPECT_EQ(Read_Game_Text(std::string_view(whole).substr(0, whole.find(cut))), 62) << cut;
+    EXPECT_EQ(Read_Game_Text(""), 62);
+    EXPECT_EQ(Read_Game_Text(std::string(100000, '\0')), 62);
+    EXPECT_EQ(Read_Game_Text(std::string(3000000, ':')), 62) << "one huge line";
+    EXPECT_EQ(Read_Game_Text("GAMEAUTHOR: " + std::string(3000000, 'x')), 0);
+    EXPECT_EQ(std::string_view(GAMEAUTHOR).size(), 250u);
+}
+
+}   // namespace
