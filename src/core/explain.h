@@ -16,6 +16,8 @@ inline bool Explaining(int unit, int other = 0)
 void Explain_Line(std::string_view text);
 /// "  terrain of the target x 0.75 = 1.35"
 void Explain_Factor(std::string_view name, float factor, float product);
+/// "  suppression + 5 = 57"
+void Explain_Modifier(std::string_view name, int added, int sum);
 /// Where the lines go; the command line prints them. nullptr drops them.
 void Explain_To(void (*sink)(std::string_view line));
 
