@@ -12,7 +12,8 @@ void Fire_Arty(int slot);
 float Artillery_Attack(int firer, int target, int shots);
 /// All SEAD batteries of a side fire at a target.
 void Arty_SEAD(int target, int side);
-/// Whether a battery that fired is located and answered. Mode 2: `slot` is a TG row; mode 1: it is the target unit.
+/// Whether a battery that fired is located and answered. Mode 2: `slot` is a TG row; mode 1: it is the target
+/// unit.
 void Counterfire_Check(int firer, int slot, int mode);
 void Counterfire(int target);
 void Preplanned_SEAD();
