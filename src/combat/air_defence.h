@@ -2,12 +2,12 @@
 
 namespace sm {
 
-/// 1 when fighters intercept and are not driven off. `unit` is the flyer, 0 for sorties; `side` the flyers' side; `kind` the
-/// TGTYPE of the mission. `slot` is the mission's target row, 0 for a flyer.
+/// 1 when fighters intercept and are not driven off. `unit` is the flyer, 0 for sorties; `side` the flyers' side;
+/// `kind` the TGTYPE of the mission. `slot` is the mission's target row, 0 for a flyer.
 int Intercept_Check(int unit, int side, int x, int y, int kind, int slot = 0);
 
-/// Air defence around (x, y) against flyers of `side`. `interceptors` 1: it shoots at the fighters instead. Returns 1 when
-/// the fighters are driven off.
+/// Air defence around (x, y) against flyers of `side`. `interceptors` 1: it shoots at the fighters instead.
+/// Returns 1 when the fighters are driven off.
 int ADA_Engage(int sead_first, int interceptors, int side, int x, int y, int kind, int slot);
 
 /// One shot; mode 1 at a strike, 2 at interceptors, 3 at a flying unit.
@@ -17,5 +17,9 @@ struct ADA_SHOT {
     int ROLL = 0;
 };
 ADA_SHOT ADA_Fire(int distance, int ada_unit, int target, int x, int y, int mode, int slot);
+
+/// Reach of a ground unit against flyers, in pixels: that of its lowest attached air defence unit, else half its
+/// footprint.
+float Reach_With_Attached_Air_Defence(int unit);
 
 }   // namespace sm
