@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 
 namespace sm {
 
@@ -9,5 +10,12 @@ void C2_Check(int unit);
 /// One sweep of an active collector.
 void IEW_Sweep(int unit);
 void Psyops_Attack(int unit);
+
+/// The command line of the status panel, with its QB colours. A unit that is both bad and jammed (C2 -1) has no text.
+struct C2_PANEL {
+    std::string TEXT;
+    int BACKGROUND, FOREGROUND;
+};
+C2_PANEL C2_Panel(int unit);
 
 }   // namespace sm
