@@ -2,11 +2,15 @@
 
 namespace sm {
 
-/// Sums of combat power: at the start, of ineffective units, now.
-void Power_Count();
-/// The AAR row of the turn (1..50).
+/// Sums of combat power: of ineffective units (BRCP2, RRCP2) and of all now (BRCP3, RRCP3); at turn 0 also at the start.
+/// With `row` the AAR row of the turn (1..50) is written.
+void Power_Count(bool row = true);
+/// Has the chart of strengths drawn anew.
 void AAR_Chart();
-/// Victory points and verdict of the turn.
+/// Possession of objectives, victory points of both sides and the verdict of the turn.
 void Victory_Points();
+
+/// Percent of a side's power at the start that is lost; 0 when it had none.
+int Loss_Percent(int side);
 
 }   // namespace sm

@@ -34,7 +34,7 @@ namespace sm {
     F(Int16, SIZE, 0, 100, EVERYWHERE, "echelon", "0 system or squad .. 6 corps, 100 supply convoy") \
     F(Int16, SPEED, LOW16, HIGH16, EVERYWHERE, "", "stored and shown only") \
     F(Int16, STATUS, 0, 5, EVERYWHERE, "", "0 free, 1 ineffective, 2 operational, 5 until the next reset") \
-    F(float, STRENGTH, 0, 100, EVERYWHERE, "percent", "current strength") \
+    F(float, STRENGTH, 0, HIGH16, EVERYWHERE, "percent", "current strength; replacement of weapon systems may pass 100") \
     F(Int16, TYPE, 0, 50, EVERYWHERE, "role", "row of the role list, 50 line of communication") \
     F(Text<20>, UNITTYPE, 0, 0, EVERYWHERE, "", "unit type label, row name of the weapons table") \
     F(Int16, MOVEPOINTS, 0, HIGH16, EVERYWHERE, "movement points", "base movement points") \

@@ -237,7 +237,7 @@ bool After_Load(bool tape)
         if (UNIT[u].STATUS > 0 && UNIT[u].DISTANCE_TO_END == 0) UNIT[u].DISTANCE_TO_END = Saturate_16(Cells_To_End(u));
     if (tape) return true;
     if (GTURN == 0) Make_LOC_Units();
-    Power_Count();
+    Power_Count(false);
     return true;
 }
 

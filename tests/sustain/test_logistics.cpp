@@ -1,0 +1,272 @@
+#include "sustain/logistics.h"
+
+#include "manoeuvre/routes.h"
+#include "support/board.h"
+#include "sustain/reinforcements.h"
+#include "ui/supply_planning.h"
+
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// A depot with 100 of 500, an infantry battalion 100 km east of it that holds 1 of 4.
+struct Supply_Board : Board {
+    Supply_Board() : Board(60, 30, 10)
+    {
+        depot = Place(BLUE, 55, 55, 13, 1.0f);
+        UNIT[depot].LSF = 500;
+        UNIT[depot].LSF2 = 100;
+        customer = Place(BLUE, 555, 55, 19);
+        UNIT[customer].RSF = 4;
+        UNIT[customer].RSF2 = 1;
+        UNIT[customer].LOGSTATN = 25;
+        UNIT[customer].LOGUNIT = depot;
+        GTURN = 2;
+    }
+    int depot, customer;
+};
+
+}   // namespace
+
+TEST(Logistics, AnAutomaticConvoyLeavesBelow75PercentFromTurn2)
+{
+    Supply_Board board;
+    UNIT[board.customer].LOGSTATN = 75;
+    Auto_Logistics(BLUE);
+    EXPECT_EQ(UNIT[3].STATUS, 0);
+    UNIT[board.customer].LOGSTATN = 74;
+    GTURN = 1;
+    Auto_Logistics(BLUE);
+    EXPECT_EQ(UNIT[3].STATUS, 0);
+    GTURN = 2;
+    Auto_Logistics(BLUE);
+    const UNIT_RECORD& convoy = UNIT[3];
+    EXPECT_EQ(convoy.STATUS, 2);
+    EXPECT_EQ(convoy.NAME, "CONVOY #3");
+    EXPECT_EQ(convoy.SIZE, 100);
+    EXPECT_EQ(convoy.CONVOYD, board.customer);
+    EXPECT_EQ(convoy.LSF2, 3.0f);   // 4 - 1
+    EXPECT_EQ(UNIT[board.depot].LSF2, 97.0f);
+    EXPECT_EQ(convoy.X, 55);
+    EXPECT_EQ(convoy.HEXNUM, UNIT[board.depot].HEXNUM);
+    EXPECT_EQ(convoy.OX1, 555);
+    Auto_Logistics(BLUE);
+    EXPECT_EQ(UNIT[4].STATUS, 0);   // one is on its way
+    EXPECT_TRUE(board.SCREEN.Heard("phase", "Blue Logistics Planning Phase"));
+}
+
+TEST(Logistics, ASourceThatIsNearlyEmptyGivesAllItHasAndOneMore)
+{
+    Supply_Board board;
+    UNIT[board.depot].LSF2 = 1.5f;
+    EXPECT_EQ(Convoy_Load(board.customer), 2);
+    UNIT[board.depot].LSF2 = 2.0f;
+    EXPECT_EQ(Convoy_Load(board.customer), 3);   // need 3 exceeds 2
+    Build_Convoy(BLUE, board.customer, Convoy_Load(board.customer));
+    EXPECT_EQ(UNIT[board.depot].LSF2, -1.0f);
+    UNIT[board.customer].RSF2 = 1.5f;
+    UNIT[board.depot].LSF2 = 100;
+    EXPECT_EQ(Convoy_Load(board.customer), 2);   // 2.5, halves to even
+}
+
+TEST(Logistics, ASupplierIsTheFirstDepotOfTheTableOrElseTheOwnLineOfCommunication)
+{
+    Supply_Board board;
+    const int other = board.Place(BLUE, 255, 55);
+    UNIT[other].LOGUNIT = 0;
+    Auto_Logistics(BLUE);
+    EXPECT_EQ(UNIT[other].LOGUNIT, board.depot);
+    EXPECT_EQ(UNIT[board.depot].LOGUNIT, 0);   // a depot does not supply itself
+    UNIT[board.depot].STATUS = 0;
+    const int red = board.Place(RED, 300, 300, 13);
+    Auto_Logistics(BLUE);
+    EXPECT_EQ(UNIT[other].LOGUNIT, red);       // the first of the whole table, whosever it is
+    UNIT[red].SIZE = 100;                      // a convoy is no depot
+    UNIT[other].LOGUNIT = 0;
+    Make_LOC_Units();
+    Auto_Logistics(BLUE);
+    EXPECT_EQ(UNIT[other].LOGUNIT, 300);
+}
+
+TEST(Logistics, AConvoyDeliversWithinFiveKilometresAndCostsTheCustomerHalfItsMove)
+{
+    Supply_Board board;
+    const int row = Build_Convoy(BLUE, board.customer, 3);
+    Place_Unit(row, 495, 55);   // 60 pixels: 6 km
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[row].STATUS, 2);
+    Place_Unit(row, 496, 55);   // 59 pixels: 5 km
+    UNIT[board.customer].RSF2 = 1;
+    UNIT[board.customer].MOVEPOINTS = 5;
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[row].STATUS, 0);
+    EXPECT_GT(UNIT[board.customer].LOGSTATN, 95);
+    EXPECT_EQ(UNIT[board.customer].MOVEPOINTS2, 2);   // 2.5, halves to even
+    EXPECT_TRUE(Posted("B2: Resupply is complete!"));
+    EXPECT_EQ(UNIT[board.customer].LOGD, 50);
+}
+
+TEST(Logistics, AConvoyForADepotPaysOutIntoItsStock)
+{
+    Supply_Board board;
+    const int forward = board.Place(BLUE, 555, 155, 13);
+    UNIT[forward].LSF = 100;
+    UNIT[forward].LSF2 = 10.4f;
+    UNIT[forward].LOGUNIT = board.depot;
+    const int row = Build_Convoy(BLUE, forward, 40);
+    Place_Unit(row, 555, 150);
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[forward].LSF2, 50.0f);   // 50.4 rounded
+    EXPECT_EQ(UNIT[forward].LOGSTATN, 50);
+}
+
+TEST(Logistics, AConvoyWithoutACustomerSaysSoAndIsSentToADepot)
+{
+    Supply_Board board;
+    const int row = Build_Convoy(BLUE, board.customer, 3);
+    Remove_Unit(board.customer);
+    Logistics_Phase();
+    EXPECT_TRUE(Posted("CONVOY #3: My supported unit is destroyed!"));
+    Place_Unit(row, 255, 55);
+    Auto_Logistics(RED);   // convoys of both sides are aimed anew
+    EXPECT_EQ(UNIT[row].CONVOYD, board.depot);
+    EXPECT_EQ(UNIT[row].OX1, 55);
+}
+
+TEST(Logistics, AtTenPercentAUnitHaltsAndAtElevenItOnlyAsks)
+{
+    Supply_Board board;
+    const int a = board.Place(BLUE, 255, 55), b = board.Place(BLUE, 355, 55), c = board.Place(BLUE, 455, 55);
+    for (const int u : {a, b, c}) {
+        UNIT[u].SIZE = 100;   // consumes nothing
+        UNIT[u].TYPE = 5;
+        UNIT[u].STATUS = 1;
+        UNIT[u].MOVESTATUS = 2;
+    }
+    UNIT[a].LOGSTATN = 10;
+    UNIT[b].LOGSTATN = 11;
+    UNIT[c].LOGSTATN = 0;
+    UNIT[c].MOVESTATUS = 6;
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[a].MOVESTATUS, 1);
+    EXPECT_EQ(UNIT[a].TACOPN, 1);
+    EXPECT_TRUE(Posted("B3: Out of Supply - Operations Halted!"));
+    EXPECT_EQ(UNIT[b].MOVESTATUS, 2);
+    EXPECT_TRUE(Posted("B4:  Request CSS resupply ASAP!"));
+    EXPECT_EQ(UNIT[c].MOVESTATUS, 6);   // a waiting retreat route stays
+    UNIT[a].MOVESTATUS = 1;
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[a].MOVESTATUS, 0);
+}
+
+TEST(Logistics, AnAircraftOutOfSupplyLosesItsFlight)
+{
+    Supply_Board board;
+    const int u = board.Place(BLUE, 255, 55, 11);
+    UNIT[u].MOBILITY = 3;
+    UNIT[u].SIZE = 100;
+    UNIT[u].STATUS = 1;
+    UNIT[u].LOGSTATN = 11;
+    UNIT[u].MOVESTATUS = 9;
+    UNIT[u].TIMERM = 30;
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 9);
+    UNIT[u].LOGSTATN = 10;
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[u].TIMERM, 0);
+    EXPECT_TRUE(Posted("B3: Landing now due to lack of fuel!"));
+}
+
+TEST(Logistics, AReplacementMergesAUnitWithEverythingItHolds)
+{
+    Supply_Board board;
+    const int u = board.Place(BLUE, 255, 55, 5, 4.0f), t = board.Place(BLUE, 314, 55, 5, 10.0f);   // 5 km
+    UNIT[t].RCP2 = 3.5f;
+    UNIT[u].WSRO = t;
+    UNIT[u].BRIDGING = 1;
+    WSRO_Phase();
+    EXPECT_EQ(UNIT[u].STATUS, 0);
+    EXPECT_EQ(UNIT[t].RCP2, 7.5f);
+    EXPECT_EQ(UNIT[t].STRENGTH, 75.0f);
+    EXPECT_EQ(UNIT[t].RSF, 6.0f);
+    EXPECT_EQ(UNIT[t].BRIDGING, 1);
+    EXPECT_TRUE(Posted("WSRO is complete!"));
+    const int far = board.Place(BLUE, 100, 55);
+    UNIT[far].WSRO = t;
+    WSRO_Phase();
+    EXPECT_EQ(UNIT[far].STATUS, 2);
+}
+
+TEST(Logistics, RegenerationGivesTwoPercentOfTheBasePowerUpToIt)
+{
+    Supply_Board board;
+    UNIT[board.customer].RCP2 = 5;     // of 10
+    UNIT[board.depot].RCP2 = 0.99f;    // of 1
+    Regenerate(BLUE);
+    EXPECT_FLOAT_EQ(UNIT[board.customer].RCP2, 5.2f);
+    EXPECT_EQ(UNIT[board.customer].STRENGTH, 52.0f);
+    EXPECT_EQ(UNIT[board.depot].RCP2, 1.0f);
+}
+
+TEST(Supply, ByHandAUnitNeedsASupplierAndTheConvoyWaitsForItsRoute)
+{
+    Supply_Board board;
+    ActiveSide = BLUE;
+    EXPECT_EQ(Confirm_Resupply(board.depot, 5), 0);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "FROM the G-4|This Unit Must Have a Supporting Logistics Unit to Get Resupplied!"));
+    UNIT[board.customer].LOGD = 33;
+    EXPECT_EQ(Update_CSS(board.customer).TITLE, "Line-Haul Mission");
+    EXPECT_EQ(Update_CSS(board.customer).REQUIRED, "Required:  3 /4");
+    EXPECT_EQ(Update_CSS(board.customer).AVAILABLE, 100);
+    const int row = Confirm_Resupply(board.customer, 7);
+    EXPECT_EQ(UNIT[row].LSF2, 7.0f);
+    EXPECT_EQ(UNIT[row].NUMBER_OF_NODES, 0);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "Please plot my route to this unit!"));
+    UNIT[row].STATUS = 0;
+    for (int u = 1; u <= 300; ++u) UNIT[u].STATUS = 2;
+    EXPECT_EQ(Confirm_Resupply(board.customer, 7), 0);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "You have reached the max number of units for this side!"));
+}
+
+TEST(Arrivals, AUnitComesOnTheMapOnItsTurnOnly)
+{
+    Supply_Board board;
+    const int u = board.Place(RED, 0, 0);
+    Place_Off_Picture(u);
+    UNIT[u].OFFMAP = 1;
+    UNIT[u].ATIME = 3;
+    UNIT[u].ARX = 205;
+    UNIT[u].ARY = 105;
+    Reinforcements_Phase();
+    EXPECT_EQ(UNIT[u].OFFMAP, 1);
+    GTURN = 3;
+    Reinforcements_Phase();
+    EXPECT_EQ(UNIT[u].OFFMAP, 0);
+    EXPECT_EQ(UNIT[u].X, 205);
+    EXPECT_EQ(UNIT[u].HEXNUM, 20 * 30 + 11);
+    EXPECT_TRUE(Posted("New unit arrives: R301"));
+    EXPECT_EQ(UNIT[u].ATIME, 0);
+}
+
+TEST(Arrivals, LinesOfCommunicationAreMadeOncePerSideAndKeepTheirPlace)
+{
+    Supply_Board board;
+    Make_LOC_Units();
+    EXPECT_EQ(UNIT[300].NAME, "BLUE LOC");
+    EXPECT_EQ(UNIT[600].X, 60);
+    Place_Unit(300, 155, 155);
+    UNIT[300].RCP2 = 0.2f;
+    LOC_Phase();
+    EXPECT_EQ(UNIT[300].X, 155);
+    EXPECT_EQ(UNIT[300].RCP2, 1.0f);
+    Remove_Unit(600);
+    LOC_Phase();
+    EXPECT_EQ(UNIT[600].TYPE, 50);
+    UNIT[600] = UNIT[board.customer];   // the row is somebody else's
+    LOC_Phase();
+    EXPECT_EQ(UNIT[600].TYPE, 19);
+}
