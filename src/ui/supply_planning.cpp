@@ -92,13 +92,14 @@ void mnuRSupply_Click(int side)
     Magic_Resupply(side);
     Post_Message(0, side == BLUE ? "Blue has received a magic resupply!" : "Red has received a magic resupply!", 0, 0, 1,
                  BOTH);
-    Send_Net_Message(Cat("18", BAR, "0", BAR, "0", BAR, "0", BAR, To_Text(side), BAR));
+    Send_Net_Message(Cat(side == BLUE ? "18" : "19", BAR));
 }
 
 void mnuRegenerate_Click(int side)
 {
     if (SEAT.TurnRunning) return;
     Regenerate(side);
+    Send_Net_Message(Cat(side == BLUE ? "180" : "181", BAR));
     Screen().Box("Regenerating Combat Power",
                  side == BLUE ? "Blue has regained combat power!" : "Red has regained combat power!");
     Screen().Changed(Redraw::ALL);

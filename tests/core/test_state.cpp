@@ -105,6 +105,7 @@ TEST(Turn, ThePhasesRunInOrderAndTheLastTurnIsPlayedInFull)
     Board board(10, 10);
     board.Place(BLUE, 55, 55);
     AARPlaying = -1;   // no files
+    PlayType = 5;      // no staffs plan
     GTURN = 0;
     MAXGTURN = 2;
     EXPECT_TRUE(Play_Turn());
