@@ -1,0 +1,257 @@
+#include "opponent/planning.h"
+
+#include "core/dice.h"
+#include "support/board.h"
+
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// The dice position before a roll of this value.
+void Next_Roll(int value)
+{
+    for (int i = 1; i <= 100; ++i)
+        if (Dice_Value(i) == value) {
+            RSEED = i - 1;
+            return;
+        }
+    FAIL() << value << " is not on the dice";
+}
+
+int Spotted(Board& board, int side, int x, int y, int type, float rcp = 10)
+{
+    const int u = board.Place(side, x, y, type, rcp);
+    UNIT[u].SPOTTED = 1;
+    return u;
+}
+
+}   // namespace
+
+TEST(Planning, ABeatenSideLowersItsAimForGood)
+{
+    Board board(20, 20);
+    const int a = board.Place(BLUE, 50, 50, 5, 100);
+    BFOBJ = 0;
+    SCENARIOT = 0;
+    UNIT[a].RCP2 = 41;
+    EXPECT_EQ(Assess_Situation(BLUE).FORCE, 0);
+    EXPECT_TRUE(Assess_Situation(BLUE).DEFENDING);   // Red attacks
+    EXPECT_FALSE(Assess_Situation(RED).DEFENDING);
+    UNIT[a].RCP2 = 40;
+    EXPECT_EQ(Assess_Situation(BLUE).FORCE, 1);
+    UNIT[a].RCP2 = 30.4f;
+    Enemy_Planning(BLUE);
+    EXPECT_EQ(BFOBJ, 2);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "Enemy IPB Phase"));
+}
+
+TEST(Planning, AnNAIThatWatchesNothingIsGivenUpAndNewOnesComeByTheDice)
+{
+    Board board(60, 60);
+    board.Place(RED, 300, 300);
+    BNAIMAX = 1;
+    BTAIMAX = 1;
+    BNAI = 2;
+    for (int g = 1; g <= 2; ++g) {
+        P[g].PTYPE = 12;
+        P[g].PSIDE = BLUE;
+        P[g].PX1 = g == 1 ? 340 : 341;   // 40 and 41 pixels off
+        P[g].PY1 = 300;
+    }
+    Plan_Areas(BLUE);
+    EXPECT_EQ(P[1].PTYPE, 12);
+    EXPECT_EQ(P[2].PTYPE, 0);
+    EXPECT_EQ(BNAI, 1);
+
+    Erase_Graphic(1);
+    OBJ[3].OTYPE = 1;
+    OBJ[3].OX = 300;
+    OBJ[3].OY = 400;   // 10 km from the enemy: anticipated though unseen
+    Next_Roll(19);
+    Plan_Areas(BLUE);
+    EXPECT_EQ(P[1].PTYPE, 12);
+    EXPECT_EQ(P[1].PY1, 400);
+    EXPECT_EQ(P[1].PAGE, 2);
+    EXPECT_EQ(P[2].PTYPE, 13);
+    EXPECT_EQ(P[2].PX1, 304);
+
+    BNAIMAX = BTAIMAX = 0;   // without any allowance nothing is given up either
+    UNIT[301].X = 100;
+    Plan_Areas(BLUE);
+    EXPECT_EQ(P[1].PTYPE, 12);
+}
+
+TEST(Targeting, TheWorthOfATargetGrowsWithWhatItThreatensAndFallsWithItsStrength)
+{
+    Board board(60, 60);
+    const int gun = board.Place(RED, 300, 300, 8);
+    UNIT[gun].MXRANGE = 5;
+    UNIT[gun].FOOTPRINT = 20;   // reach 50 + 10 + 100 = 160
+    OBJ[1].OTYPE = 1;
+    OBJ[1].OX = 460;
+    OBJ[1].OY = 300;
+    const int blue = board.Place(BLUE, 300, 485);
+    UNIT[blue].FOOTPRINT = 50;   // 185 = 160 + 25
+    EXPECT_EQ(Target_Value(gun, BLUE), 5 + 4 + 4);
+    UNIT[blue].Y = 486;
+    EXPECT_EQ(Target_Value(gun, BLUE), 9);
+    UNIT[gun].STRENGTH = 39;
+    EXPECT_EQ(Target_Value(gun, BLUE), 4);   // 4.5, halves to even
+    UNIT[gun].STRENGTH = 34;
+    EXPECT_EQ(Target_Value(gun, BLUE), 2);   // 2.25
+    UNIT[gun].STRENGTH = 40;
+    UNIT[gun].TYPE = 50;
+    EXPECT_EQ(Target_Value(gun, BLUE), 5);
+}
+
+TEST(Targeting, GunsTakeTheFirstInRangeUnlessALaterOneIsWorthMore)
+{
+    Board board(60, 60);
+    const int gun = board.Place(BLUE, 100, 100, 8);
+    UNIT[gun].MXRANGE = 20;
+    UNIT[gun].MINRANGE = 2;
+    UNIT[gun].FOOTPRINT = 10;   // 25 to 205 pixels
+    const int near = Spotted(board, RED, 124, 100, 26);   // below the least range
+    const int first = Spotted(board, RED, 125, 100, 5), better = Spotted(board, RED, 305, 100, 9);
+    Spotted(board, RED, 306, 100, 26);
+    GTURN = 2;
+    BTOTAL = 0;
+    Next_Roll(88);
+    Enemy_Targeting(BLUE);
+    ASSERT_EQ(TG[1].TGTYPE, 1);
+    EXPECT_EQ(TG[1].TGX, 305);
+    EXPECT_EQ(TG[1].TGTOT, 2);
+    EXPECT_EQ(TG[1].FUNIT, gun);
+    EXPECT_EQ(UNIT[better].TGTLINK, 1);
+    EXPECT_EQ(UNIT[gun].FIREMISSION, 1);
+    EXPECT_EQ(UNIT[first].TGTLINK + UNIT[near].TGTLINK, 0);
+}
+
+TEST(Targeting, StrikesGoOnUntilTheSortiesAreGone)
+{
+    Board board(60, 60);
+    for (int i = 0; i < 4; ++i) Spotted(board, RED, 100 + 50 * i, 100, i == 1 ? 26 : 5);
+    GTURN = 2;
+    BTOTAL = 3;
+    RSEED = 3;   // 56 for the first; the UAV needs no roll; 95, 75 for the others
+    Enemy_Targeting(BLUE);
+    EXPECT_EQ(TG[1].TGTYPE, 4);
+    EXPECT_EQ(TG[1].TGX, 150);
+    EXPECT_EQ(TG[1].TGNSORTIES, 2);
+    EXPECT_EQ(TG[1].TGHPT, 4);
+    EXPECT_EQ(TG[2].TGX, 200);
+    EXPECT_EQ(TG[3].TGTYPE, 0);
+    EXPECT_EQ(BTOTAL, -1);
+    EXPECT_EQ(RSEED, 6);
+    EXPECT_EQ(UNIT[302].TGTLINK, 0);   // air strikes leave no link
+}
+
+TEST(Targeting, RocketsFollowTheStrikesAndMissilesSpareTheirOwnTroops)
+{
+    Board board(200, 60);
+    const int mrl = board.Place(BLUE, 100, 100, 9), ssm = board.Place(BLUE, 120, 100, 10);
+    for (const int u : {mrl, ssm}) {
+        UNIT[u].MXRANGE = 150;
+        UNIT[u].MINRANGE = 0;
+        UNIT[u].FOOTPRINT = 10;
+    }
+    const int first = Spotted(board, RED, 700, 100, 5), second = Spotted(board, RED, 800, 100, 9);
+    Spotted(board, RED, 1000, 100, 26);
+    board.Place(BLUE, 971, 100);   // 29 pixels from the third
+    GTURN = 2;
+    BCHMAX = 1;
+    Next_Roll(88);
+    Enemy_Targeting(BLUE);   // no sorties: rockets choose a target, the best: the UAV, conventional
+    EXPECT_EQ(TG[1].FUNIT, mrl);
+    EXPECT_EQ(TG[1].TGX, 1000);
+    EXPECT_EQ(TG[1].TGTYPE, 1);
+    EXPECT_EQ(TG[2].FUNIT, ssm);   // the guard of 29 bars the third, and the second was better than the first
+    EXPECT_EQ(TG[2].TGX, 800);
+    EXPECT_EQ(TG[2].TGTYPE, 11);
+    EXPECT_EQ(BCHNOW, 1);
+    EXPECT_EQ(UNIT[first].TGTLINK, 0);
+    EXPECT_EQ(UNIT[second].TGTLINK, 2);
+}
+
+TEST(Targeting, AHelicopterStrikeIsLaunchedByTheSharedDiceOfTheAir)
+{
+    Board board(60, 60);
+    const int ah = board.Place(BLUE, 100, 100, 11);
+    UNIT[ah].MOBILITY = 3;
+    const int target = Spotted(board, RED, 300, 100, 3);
+    UNIT[target].HPTVALUE = 100;   // above 80: no roll of rule 4
+    UNIT[target].HVTTYPE = 7;
+    AIRSUPER = 50;
+    Next_Roll(26);   // 52 > 50
+    EXPECT_FALSE(Plan_AH_Strike(ah));
+    TIME_OF_DAY = "Night";
+    Next_Roll(51);   // 25.5 is stored as 26: 52 > 50
+    EXPECT_FALSE(Plan_AH_Strike(ah));
+    Next_Roll(50);   // 25: 50
+    EXPECT_TRUE(Plan_AH_Strike(ah));
+    EXPECT_EQ(UNIT[ah].MOVESTATUS, 9);
+    EXPECT_EQ(UNIT[ah].OX1, 300);
+    EXPECT_EQ(UNIT[ah].HPTL1, 7);
+    EXPECT_EQ(UNIT[target].TGTLINK, 1);
+    Next_Roll(21);   // linked: a failed roll of rule 5 ends this unit's test
+    EXPECT_FALSE(Plan_AH_Strike(ah));
+}
+
+TEST(EnemyMovement, StancesReservesAndRetreats)
+{
+    Board board(60, 60);
+    const int reserve = board.Place(BLUE, 100, 100, 5), cavalry = board.Place(BLUE, 50, 300, 6);
+    for (const auto& [x, y] : {std::pair{290, 100}, {299, 100}, {100, 301}}) Spotted(board, RED, x, y, 5);
+    UNIT[reserve].AIACTION = 4;
+    GTURN = 1;
+    Plan_Movement(PLAN{BLUE, 1, true});
+    EXPECT_EQ(UNIT[reserve].OX1, 299);   // below 200 pixels, the last of the table
+    EXPECT_EQ(UNIT[reserve].UCONTROL, 1);
+    EXPECT_EQ(UNIT[reserve].NUMBER_OF_NODES, 0);   // no routes on the first turn
+    EXPECT_EQ(UNIT[cavalry].TACOPN, 3);
+    EXPECT_NE(UNIT[cavalry].LX, 0);
+    UNIT[300].TYPE = 50;
+    UNIT[300].SIDE = BLUE;
+    UNIT[300].STATUS = 2;
+    UNIT[300].X = 20;
+    UNIT[300].Y = 30;
+    Plan_Movement(PLAN{BLUE, 2, true});
+    EXPECT_EQ(UNIT[reserve].OX1, 20);
+    EXPECT_EQ(UNIT[reserve].TACOPN, 4);
+    UNIT[reserve].X = 20;
+    UNIT[reserve].Y = 30;
+    UNIT[reserve].OX2 = 500;
+    UNIT[reserve].OY2 = 400;
+    UNIT[reserve].AIACTION = 0;
+    Plan_Movement(PLAN{BLUE, 1, true});
+    EXPECT_EQ(UNIT[reserve].OX1, 500);   // arrived: the next destination
+    EXPECT_EQ(UNIT[reserve].OX2, 0);
+}
+
+TEST(EnemyMovement, AnAirAssaultIsPlannedWithItsZonesAndItsWayHome)
+{
+    Board board(60, 60);
+    const int lift = board.Place(RED, 100, 100, 12), tanks = board.Place(RED, 150, 100, 5), inf = board.Place(RED, 200, 100, 19);
+    UNIT[lift].MOBILITY = 3;
+    UNIT[inf].SIZE = 2;
+    OBJ[1].OTYPE = 1;
+    OBJ[1].OID = RED;
+    OBJ[2].OTYPE = 1;
+    OBJ[2].OX = 400;
+    OBJ[2].OY = 300;
+    Next_Roll(19);
+    Plan_Movement(PLAN{RED, 1, false});
+    EXPECT_EQ(UNIT[inf].CARRIER, lift);
+    EXPECT_EQ(UNIT[tanks].CARRIER, 0);
+    ASSERT_EQ(UNIT[lift].NUMBER_OF_NODES, 3);
+    EXPECT_EQ(MN[UNIT[lift].PZ].MNX, 200);
+    EXPECT_EQ(MN[UNIT[lift].LZ].MNX, 400);
+    EXPECT_EQ(MN[303].MNX, 100);
+    const int seed = RSEED;
+    Plan_Movement(PLAN{RED, 1, false});   // a flight under way is not planned again
+    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 3);
+    EXPECT_EQ(RSEED, seed);
+}
