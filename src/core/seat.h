@@ -23,6 +23,7 @@ struct Seat {
     int RangeRings = 0;     ///< range rings drawn
     int ProgressValue = 0, ProgressMax = 1600;
     bool PlanningEnabled = false;   ///< network games: the host lets this seat plan
+    bool WritesFiles = true;        ///< each turn leaves its autosave and its tape
     bool TurnRunning = false;       ///< while Play_Turn runs every command that writes to a table is refused
     std::string MsgText;            ///< message being built
     std::string GameFileName;       ///< file being read or written

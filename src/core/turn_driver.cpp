@@ -50,7 +50,7 @@ std::string Home_Text(std::string_view name) { return Home_Path(name).string(); 
 
 void Write_Autosave_And_Tape()
 {
-    if (AARPlaying) return;
+    if (AARPlaying || !SEAT.WritesFiles) return;
     const std::string players_file = GameFileName;
     GameFileName = Home_Text("\\Saved Games\\autosave.btl");
     Save_Game_File(GameFileName, true);

@@ -104,7 +104,6 @@ TEST(Turn, ThePhasesRunInOrderAndTheLastTurnIsPlayedInFull)
 {
     Board board(10, 10);
     board.Place(BLUE, 55, 55);
-    AARPlaying = -1;   // no files
     PlayType = 5;      // no staffs plan
     GTURN = 0;
     MAXGTURN = 2;
@@ -135,7 +134,6 @@ TEST(Turn, ThePhasesRunInOrderAndTheLastTurnIsPlayedInFull)
 TEST(Turn, WithoutAGameNothingOfTheSimulationRuns)
 {
     Board board(10, 10);
-    AARPlaying = -1;
     GTURN = -1;
     EXPECT_TRUE(Play_Turn());
     EXPECT_EQ(GTURN, -1);
@@ -146,7 +144,6 @@ TEST(Turn, AFailureEndsTheTurnAndPutsEverythingBack)
 {
     Board board(10, 10);
     const int child = board.Place(BLUE, 25, 25);
-    AARPlaying = -1;
     GTURN = 3;
     UNIT[child].PARENT_UNIT = 77;   // a state that no phase makes
     const auto before = State_Hash();

@@ -46,6 +46,7 @@ void Clear_Game()
     GAME = EMPTY;
     GAME.WPN.ROW = weapons;
     SEAT = Seat{};
+    SEAT.WritesFiles = false;
     Listen_To_Log(nullptr);
 }
 

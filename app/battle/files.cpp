@@ -1,0 +1,53 @@
+#include "commands.h"
+#include "core/game_state.h"
+#include "core/state_hash.h"
+#include "persist/game_file.h"
+#include "persist/safe_file.h"
+
+#include <memory>
+
+namespace sm {
+
+namespace {
+
+std::string Content_Of(const std::string& file)
+{
+    FILE_READ found = Read_File_Whole(file, std::size_t{1} << 30);
+    if (!found.ERROR.empty()) throw Refusal{found.ERROR};
+    return std::move(found.CONTENT);
+}
+
+void Read_Game(const std::string& file)
+{
+    if (Read_Game_Text(Content_Of(file)) != 0) throw Refusal{Cat(file, ": not a sound game file; see `check`")};
+}
+
+}   // namespace
+
+int Check(const Arguments& a)
+{
+    if (a.WORDS.size() != 2) throw Refusal{"check takes one FILE (see --help)"};
+    Content_Of(a.WORDS[1]);   // an unreadable file is wrong use, not a fault in it
+    bool faults = false;
+    for (const File_Fault& f : Check_File(a.WORDS[1])) {
+        faults = faults || f.FAULT;
+        Print_Line(Cat(a.WORDS[1], ":", To_Text(f.LINE), f.FAULT ? ": " : ": remark: ", f.TEXT));
+    }
+    if (!faults) Print_Line(Cat(a.WORDS[1], ": no faults"));
+    return faults ? FAULTS_FOUND : FINE;
+}
+
+int Diff(const Arguments& a)
+{
+    if (a.WORDS.size() != 3) throw Refusal{"diff takes two FILES (see --help)"};
+    const auto empty = std::make_unique<Game>(GAME);
+    Read_Game(a.WORDS[1]);
+    const auto here = std::make_unique<Game>(GAME);
+    GAME = *empty;
+    Read_Game(a.WORDS[2]);
+    const auto lines = Differences(*here, GAME);
+    for (const std::string& line : lines) Print_Line(line);
+    return lines.empty() ? FINE : FAULTS_FOUND;
+}
+
+}   // namespace sm
