@@ -155,8 +155,9 @@ void Put_Units_On_Terrain()
             Place_Off_Picture(u);
             continue;
         }
-        const int hex = Hex_Number(UNIT[u].X, UNIT[u].Y);
-        if (hex > 0) UNIT[u].TERTYPE = Cell_Value(hex);
+        if (Hex_Number(UNIT[u].X, UNIT[u].Y) == 0) continue;   // waiting off the picture: keeps what it has
+        Locate_Unit(u);
+        UNIT[u].TERTYPE = Cell_Value(UNIT[u].HEXNUM);
     }
 }
 

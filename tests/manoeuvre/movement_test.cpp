@@ -1,0 +1,448 @@
+#include "manoeuvre/movement.h"
+
+#include "support/board.h"
+#include "support/march.h"
+#include "terrain/grid.h"
+
+#include <gtest/gtest.h>
+
+namespace sm::test {
+namespace {
+
+// Cells of 10 pixels, MAPSCALE 10. A battalion covers 40 pixels on the attack (half of 8 x 10), so friends hinder each
+// other within 20: tests that do not want that keep units further apart.
+
+/// A long open road of `columns` cells and a unit with a route to its end.
+int On_The_Road(Board& board, int columns, int mobility, int points, int size = 3)
+{
+    const int unit = board.Place(BLUE, 5, 5, size == 100 ? 13 : 5);
+    UNIT[unit].MOBILITY = mobility;
+    UNIT[unit].SIZE = size;
+    UNIT[unit].MOVEPOINTS = UNIT[unit].MOVEPOINTS2 = points;
+    Plot(unit, {{(columns - 1) * 10 + 5, 5}});
+    return unit;
+}
+
+struct PACE {
+    const char* WHO;
+    int MOBILITY, SIZE, POINTS, TURN_LENGTH, STEPS;
+};
+
+TEST(Movement_Pace, StepsOfATurnFollowMobilityAndLength)
+{
+    const PACE paces[] = {
+        {"foot, two hours", 0, 3, 6, 0, 6},
+        {"foot with points to spare", 0, 3, 24, 0, 6},     // slices 62, 132, 198, 264, 330, 396
+        {"foot, one hour", 0, 3, 6, 1, 3},                 // up to 198
+        {"foot, fifteen minutes", 0, 3, 6, 2, 0},          // 62 never comes
+        {"wheels, two hours", 1, 3, 24, 0, 24},            // of 25 slices
+        {"tracks with points to spare", 2, 3, 40, 0, 25},
+        {"tracks, one hour", 2, 3, 24, 1, 12},             // 16 to 192
+        {"tracks, fifteen minutes", 2, 3, 24, 2, 3},       // 16, 32, 48
+        {"convoy, two hours", 1, 100, 48, 0, 36},          // 25 and 11 more
+        {"convoy, one hour", 1, 100, 48, 1, 18},           // 12 and 30, 60, 90, 120, 150, 180
+        {"convoy, fifteen minutes", 2, 100, 48, 2, 4},     // 3 and 30
+        {"convoy on foot", 0, 100, 48, 0, 6},
+        {"line of communication", 10, 0, 24, 0, 0},
+    };
+    for (const PACE& p : paces) {
+        Board board(60, 1);
+        TurnLength = p.TURN_LENGTH;
+        const int unit = On_The_Road(board, 60, p.MOBILITY, p.POINTS, p.SIZE);
+        const int points = UNIT[unit].MOVEPOINTS2;
+        Movement();
+        EXPECT_EQ(UNIT[unit].NUMBER_OF_MOVES, p.STEPS) << p.WHO;
+        EXPECT_EQ(UNIT[unit].X, 5 + 10 * p.STEPS) << p.WHO;
+        EXPECT_EQ(UNIT[unit].COL, 1 + p.STEPS) << p.WHO;
+        EXPECT_EQ(UNIT[unit].HEXNUM, 1 + p.STEPS) << p.WHO;
+        EXPECT_EQ(UNIT[unit].MOVEPOINTS2, points - p.STEPS) << p.WHO;
+        EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 59 - p.STEPS) << p.WHO;
+    }
+}
+
+TEST(Movement_Pace, AStepThatWouldOverspendWaitsAndKeepsThePoints)
+{
+    Board board({".12~......"});
+    const int unit = board.Place(BLUE, 5, 5);
+    UNIT[unit].MOVEPOINTS2 = 12;
+    Plot(unit, {{95, 5}});
+    Movement();   // 2 + 5 = 7; the river's 6 is more than the 5 left
+    EXPECT_EQ(UNIT[unit].X, 25);
+    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 5);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 2);
+    EXPECT_TRUE(Messages().empty());
+    UNIT[unit].MOVEPOINTS2 = 6;
+    Movement();
+    EXPECT_EQ(UNIT[unit].X, 35);
+    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 0);
+}
+
+TEST(Movement_Start, TheMarchEndsADefenceAndTires)
+{
+    Board board(30, 30);
+    const auto at = [&](int n, int type) { return board.Place(BLUE, 5, 5 + 10 * n, type); };
+    const int tank = at(0, 5), guns = at(3, 7), halted = at(6, 5), screen = at(9, 5), hq = at(12, 18), still = at(15, 5);
+    for (const int u : {tank, guns}) {
+        UNIT[u].MOVESTATUS = 2;
+        UNIT[u].TACOPN = 11;
+        UNIT[u].MISSION = "Deliberate Defense";
+    }
+    UNIT[tank].MOPP = 3;
+    UNIT[halted].MOVESTATUS = 1;
+    UNIT[halted].TACOPN = 1;
+    UNIT[screen].MOVESTATUS = 2;
+    UNIT[screen].TACOPN = 3;
+    UNIT[hq].UCONTROL = 1;
+    UNIT[hq].MOVEPOINTS2 = 3;
+    UNIT[still].FREEHUNT = 1;
+    TurnLength = 2;
+    Movement();
+    EXPECT_EQ(UNIT[tank].TACOPN, 0);
+    EXPECT_EQ(UNIT[tank].MISSION, "Attack");
+    EXPECT_EQ(UNIT[tank].FATIGUE, 8);   // 2 + 3 masked + 3 moving
+    EXPECT_EQ(UNIT[guns].TACOPN, 4);
+    EXPECT_EQ(UNIT[guns].MISSION, "Support");
+    EXPECT_EQ(UNIT[guns].FATIGUE, 5);
+    EXPECT_EQ(UNIT[halted].TACOPN, 1);
+    EXPECT_EQ(UNIT[halted].FATIGUE, 5);
+    EXPECT_EQ(UNIT[screen].TACOPN, 3);
+    EXPECT_EQ(UNIT[hq].MOVEPOINTS2, 18);
+    EXPECT_EQ(UNIT[still].FATIGUE, 2);
+    EXPECT_EQ(UNIT[still].FREEHUNT, 0);
+}
+
+TEST(Movement_Start, FlyingTiresTwiceAsMuchByNight)
+{
+    Board board(30, 30);
+    TurnLength = 2;
+    TIME_OF_DAY = "Night";
+    struct FLYER { int TYPE, TACOPN, FATIGUE, NEW_TACOPN; };
+    const FLYER flyers[] = {
+        {11, 1, 8, 0},    // 2 + 6
+        {11, 3, 8, 3},    // security stands
+        {12, 0, 8, 4},
+        {26, 0, 0, 4},    // an unmanned aircraft does not tire
+    };
+    int units[4];
+    for (int i = 0; i < 4; ++i) {
+        units[i] = board.Place(BLUE, 5 + 60 * i, 5, flyers[i].TYPE);
+        UNIT[units[i]].MOBILITY = 3;
+        UNIT[units[i]].MOVESTATUS = 8;
+        UNIT[units[i]].TACOPN = flyers[i].TACOPN;
+    }
+    UNIT[units[0]].FATIGUE = 32765;   // holds at the ceiling of its field
+    Movement();
+    EXPECT_EQ(UNIT[units[0]].FATIGUE, 32767);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(UNIT[units[i]].TACOPN, flyers[i].NEW_TACOPN) << i;
+        if (i > 0) {
+            EXPECT_EQ(UNIT[units[i]].FATIGUE, flyers[i].FATIGUE) << i;
+        }
+    }
+}
+
+/// What one step costs next to friends: a tracked battalion at (5, 5) steps to (15, 5).
+struct STACK {
+    const char* WHAT;
+    int CONTROLLED, TYPE, SIZE;
+    int FRIEND_SIZE;
+    char GROUND;
+    int COST;
+};
+
+TEST(Movement_Stacking, TheFirstFriendHinders)
+{
+    const STACK stacks[] = {
+        {"an equal, open", 0, 5, 3, 3, '.', 2},        // 1 x 1.5 = 1.5, to the even 2
+        {"an equal, bridge", 0, 5, 3, 4, '=', 4},      // 3 x 1.5 = 4.5, to the even 4
+        {"a smaller one", 0, 5, 3, 2, '=', 3},
+        {"controlled tanks", 1, 5, 3, 3, '=', 3},
+        {"a controlled headquarters", 1, 18, 3, 3, '=', 6},
+        {"controlled guns", 1, 8, 3, 2, '=', 4},       // 3 x 1.3 = 3.9
+        {"controlled guns, open", 1, 8, 3, 3, '.', 1}, // 1.3
+    };
+    for (const STACK& s : stacks) {
+        Board board(20, 20);
+        HEXMAP[Hex_Of(2, 1)].TVALUE = s.GROUND == '=' ? 7 : 0;
+        const int friend_ = board.Place(BLUE, 15, 25);   // 20 pixels from the next place
+        const int unit = board.Place(BLUE, 5, 5, s.TYPE);
+        UNIT[friend_].SIZE = s.FRIEND_SIZE;
+        UNIT[unit].SIZE = s.SIZE;
+        UNIT[unit].UCONTROL = s.CONTROLLED;
+        Set_Footprint(friend_);
+        Plot(unit, {{15, 5}, {105, 5}});
+        UNIT[unit].MOVEPOINTS2 = 20;
+        Move_Units(unit);
+        EXPECT_EQ(20 - UNIT[unit].MOVEPOINTS2, s.COST) << s.WHAT;
+    }
+}
+
+TEST(Movement_Stacking, DistanceIsCutToWholePixelsAndTheLargerGroundCounts)
+{
+    struct CASE { int DY; int FRIEND_FOOTPRINT; int COST; };
+    const CASE cases[] = {
+        {20, 40, 2},   // 20 of 20
+        {21, 40, 1},
+        {22, 43, 2},   // 43 / 2 = 21.5, to the even 22
+        {23, 43, 1},
+    };
+    for (const CASE& c : cases) {
+        Board board(20, 20);
+        const int friend_ = board.Place(BLUE, 15, 5 + c.DY);
+        const int unit = board.Place(BLUE, 5, 5);
+        UNIT[friend_].FOOTPRINT = static_cast<float>(c.FRIEND_FOOTPRINT);
+        Plot(unit, {{15, 5}});
+        Move_Units(unit);
+        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.COST) << c.DY << " of " << c.FRIEND_FOOTPRINT;
+    }
+    // (6, 20) away is 20.88: cut to 20, within.
+    Board board(20, 20);
+    board.Place(BLUE, 21, 25);
+    const int unit = board.Place(BLUE, 5, 5);
+    Plot(unit, {{15, 5}});
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 22);
+}
+
+TEST(Movement_Stacking, OnlyTheLowestNumberCountsAndTheCostNeverPassesTheAllowance)
+{
+    Board board(20, 20);
+    HEXMAP[Hex_Of(2, 1)].TVALUE = 7;
+    const int small = board.Place(BLUE, 15, 15), big = board.Place(BLUE, 15, 15);
+    const int unit = board.Place(BLUE, 5, 5);
+    UNIT[small].SIZE = 1;
+    UNIT[big].SIZE = 5;
+    Plot(unit, {{15, 5}, {95, 5}});
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 21);   // the small one is first and does not hinder
+    Place_Unit(unit, 5, 5);
+    Plot(unit, {{15, 5}});
+    UNIT[small].SIZE = 3;
+    UNIT[unit].MOVEPOINTS = 2;   // 3 x 1.5 = 4, held to the base allowance
+    Clear_Route(unit);
+    Plot(unit, {{15, 5}});
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 19);
+    // A convoy minds nobody.
+    const int convoy = board.Place(BLUE, 5, 5, 13);
+    UNIT[convoy].SIZE = 100;
+    Plot(convoy, {{15, 5}});
+    Move_Units(convoy);
+    EXPECT_EQ(UNIT[convoy].MOVEPOINTS2, 21);
+}
+
+TEST(Movement_Refusals, ARiverStopsAllButThoseWhoCanCross)
+{
+    for (int type = 0; type <= 26; ++type) {
+        const bool crosses = type == 4 || type == 5 || type == 6 || type == 14 || type == 15 || type == 19 || type == 20;
+        Board board({".~........"});
+        const int unit = board.Place(BLUE, 5, 5, type);
+        Plot(unit, {{95, 5}});
+        Move_Units(unit);
+        EXPECT_EQ(UNIT[unit].X, crosses ? 15 : 5) << type;
+        EXPECT_EQ(UNIT[unit].MOVEPOINTS2, crosses ? 18 : 24) << type;
+        EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, crosses ? 1 : 0) << type;
+        EXPECT_EQ(UNIT[unit].MOVESTATUS, crosses ? 1 : 0) << type;
+        EXPECT_EQ(UNIT[unit].TIMEREGR, crosses ? 2 : 0) << type;
+        EXPECT_EQ(Posted("B1 cannot cross river without bridging!"), !crosses) << type;
+    }
+}
+
+TEST(Movement_Refusals, ImpassableGroundStopsVehiclesButNotFootOrConvoys)
+{
+    struct CASE { int MOBILITY, SIZE; bool REFUSED; int COST; };
+    for (const CASE& c : {CASE{0, 3, false, 2}, CASE{1, 3, true, 0}, CASE{2, 3, true, 0}, CASE{1, 100, false, 24}}) {
+        Board board({".6........"});
+        const int unit = board.Place(RED, 5, 5);
+        UNIT[unit].MOBILITY = c.MOBILITY;
+        UNIT[unit].SIZE = c.SIZE;
+        Plot(unit, {{95, 5}});
+        Move_Units(unit);
+        EXPECT_EQ(Posted("R301 cannot traverse this terrain!"), c.REFUSED);
+        EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, c.REFUSED ? 0 : 1);
+        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.COST);
+        if (c.REFUSED) {
+            EXPECT_EQ(SITREPLIST[1].SIDE, RED);
+        }
+    }
+}
+
+TEST(Movement_Refusals, AStepOffThePictureIsNeverMade)
+{
+    Board board(3, 1);
+    const int unit = board.Place(BLUE, 25, 5);
+    board.Place(BLUE, 25, 15);   // stacking would hold the cost to the allowance
+    Plot(unit, {{95, 5}});
+    UNIT[unit].MOVEPOINTS2 = 400;
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 25);
+    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 400);
+    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 2);
+}
+
+TEST(Movement_Legs, TheNextLegStartsWhereTheUnitStandsAndTheLastNodeEndsTheMarch)
+{
+    Board board(10, 10);
+    const int hq = board.Place(BLUE, 95, 95, 18), unit = board.Place(BLUE, 5, 5);
+    UNIT[unit].HIGHERHQ = hq;
+    Plot(unit, {{15, 15}, {45, 15}});
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
+    EXPECT_EQ(UNIT[unit].X1, 15);
+    EXPECT_EQ(UNIT[unit].MOVEY, 0);
+    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 3);
+    EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 3);
+    EXPECT_EQ(UNIT[unit].DX, 45);
+    EXPECT_EQ(UNIT[unit].DCOL1, 5);
+    EXPECT_EQ(UNIT[unit].DROW1, 2);
+    EXPECT_EQ(UNIT[unit].C2T, 1);
+    EXPECT_EQ(UNIT[hq].C2T, 1);
+    EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 1);
+    EXPECT_EQ(UNIT[unit].FACING, 134);   // south-east: 180 - 45.00004, as 3.14159 falls short of pi
+    for (int step = 0; step < 3; ++step) Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 45);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[unit].TACOPN, 1);
+    EXPECT_EQ(UNIT[unit].MISSION, "Hasty Defense");
+    EXPECT_TRUE(Posted("B2 is at it's final destination!"));
+    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 0);
+    EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 0);
+    // One for each node, one for the message.
+    EXPECT_EQ(UNIT[unit].C2T, 3);
+    Move_Units(unit);   // without nodes nothing more happens
+    EXPECT_EQ(UNIT[unit].X, 45);
+}
+
+TEST(Movement_Legs, AScreenKeepsItsMissionAndSaysNothing)
+{
+    Board board(10, 10);
+    const int unit = board.Place(BLUE, 5, 55);
+    UNIT[unit].TACOPN = 3;
+    UNIT[unit].MISSION = "Security";
+    Plot(unit, {{15, 55}});
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[unit].MISSION, "Security");
+    EXPECT_TRUE(Messages().empty());
+    // Footprint 80 on security (8 x 10): the line's ends lie 56 to each side of (15, 55), north and south of it. Due east
+    // reads as 95 degrees (a difference of 0 down the map counts as 1): sin 5 = 0.0872, cos 5 = 0.9962.
+    EXPECT_EQ(UNIT[unit].FACING, 95);
+    EXPECT_EQ(UNIT[unit].LX, 20);    // 15 + 56 x 0.0872
+    EXPECT_EQ(UNIT[unit].LY, -1);    // 55 - 56 x 0.9962
+    EXPECT_EQ(UNIT[unit].RY, 111);
+}
+
+TEST(Movement_Legs, ARiverHaltsOnTheWayAndEndsTheMarchAtTheLastNode)
+{
+    Board board({"..~...~..."});
+    const int unit = board.Place(BLUE, 5, 5);
+    Plot(unit, {{25, 5}, {65, 5}});
+    Move_Units(unit);
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 25);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 1);   // the node in the river is reached, and the unit halts all the same
+    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
+    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 4);
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 25);
+    UNIT[unit].MOVESTATUS = 2;
+    for (int step = 0; step < 4; ++step) Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 65);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[unit].TIMEREGR, 2);
+}
+
+TEST(Movement_Legs, ARetreatRouteIsWalkedOnlyByARetreat)
+{
+    Board board(10, 1);
+    const int unit = board.Place(BLUE, 5, 5);
+    UNIT[unit].RETREATS = 1;
+    Plot(unit, {{95, 5}});
+    Movement();
+    EXPECT_EQ(UNIT[unit].X, 5);
+    static std::string logged;
+    logged.clear();
+    Listen_To_Log([](std::string_view line) { logged += line; });
+    UNIT[unit].MOVESTATUS = 5;
+    Move_Units(unit);
+    Listen_To_Log(nullptr);
+    EXPECT_EQ(UNIT[unit].X, 15);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 5);
+    EXPECT_EQ(logged, "B1 is attempting to retreat!");
+}
+
+TEST(Movement_Legs, ABrokenChainEndsTheMarchWithAMessage)
+{
+    Board board(10, 1);
+    const int unit = board.Place(BLUE, 5, 5);
+    Plot(unit, {{15, 5}, {25, 5}, {35, 5}});
+    MN[2] = MN_RECORD{};
+    Move_Units(unit);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "Endless Loop"));
+    EXPECT_EQ(UNIT[unit].X, 15);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
+}
+
+TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
+{
+    Board board(10, 1);
+    const int unit = board.Place(BLUE, 5, 5);
+    Plot(unit, {{95, 5}});
+    Move_Units(unit);
+    HEXMAP[2].TVALUE = 12;
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 15);
+    EXPECT_EQ(UNIT[unit].BREACH, 1);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 1);
+}
+
+TEST(Movement_Hazards, ContaminationIsMeasuredFromThePlaceThatTheUnitLeaves)
+{
+    struct CASE { int X, TYPE, MOPP; bool INSIDE; };
+    // Footprint 40 and a cloud 30 wide: nearer than 20 + 15.
+    const CASE cases[] = {{34, 21, 2, true}, {35, 21, 2, false}, {34, 11, 3, true}, {34, 20, 2, false}, {34, 21, 4, false}};
+    for (const CASE& c : cases) {
+        Board board(20, 5);
+        const int unit = board.Place(BLUE, 5, 45);
+        UNIT[unit].MOPP = c.MOPP;
+        NBC[3].NBCTYPE = c.TYPE;
+        NBC[3].NBCX = 5 + c.X;
+        NBC[3].NBCY = 45;
+        NBC[3].NBCSIZE = 30;
+        Plot(unit, {{195, 45}});
+        Move_Units(unit);
+        EXPECT_EQ(Posted("B1 is inside a contaminated area!"), c.INSIDE) << c.X << " " << c.TYPE << " " << c.MOPP;
+    }
+}
+
+TEST(Movement_Phase, UnitsThatAreGoneOrUnderwayElsewhereAreLeftAlone)
+{
+    Board board(30, 1);
+    const int unit = board.Place(BLUE, 5, 5);
+    Plot(unit, {{295, 5}});
+    UNIT[unit].STATUS = 0;
+    Movement();
+    EXPECT_EQ(UNIT[unit].X, 5);
+    EXPECT_EQ(UNIT[unit].FATIGUE, 2);
+    UNIT[unit].STATUS = 2;
+    UNIT[unit].NUMBER_OF_NODES = 0;   // says it moves, and has no node
+    Movement();
+    EXPECT_EQ(UNIT[unit].X, 5);
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+}
+
+TEST(Movement_Phase, ThePlayerSeesEachCommonStep)
+{
+    Board board(30, 1);
+    const int unit = On_The_Road(board, 30, 2, 3);
+    board.SCREEN.TOLD.clear();
+    Movement();
+    EXPECT_EQ(UNIT[unit].X, 35);
+    // Three steps; with no points left the unit is no mover.
+    EXPECT_EQ(board.SCREEN.Count("delay", ""), 3);
+}
+
+}   // namespace
+}   // namespace sm::test
