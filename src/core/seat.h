@@ -15,6 +15,7 @@ struct Seat {
     int SelUnit = 0;        ///< selected unit, 0 none
     int MapMode = 0;        ///< meaning of the next map click
     int DrawMode = 0;       ///< drawing tool
+    int PickedNode = 0;     ///< node row picked up with the mouse
     int SoundCue = 0;       ///< sound to play, 1..16
     int SoundOn = 1;        ///< sound switch
     int BlueDone = 0;       ///< 1 exactly while this seat holds Blue in a network game
