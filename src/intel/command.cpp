@@ -1,5 +1,6 @@
 #include "intel/command.h"
 
+#include "combat/factors.h"
 #include "core/dice.h"
 #include "core/explain.h"
 #include "core/seat.h"
@@ -95,37 +96,27 @@ void Mark_Found(int u, int j)
 
 // ---------------------------------------------------------------------------------------------- psyops
 
-struct PSYOPS_ROW {
-    const char* NAME;
-    Int16 UNIT_RECORD::*FIELD;
-    int VALUE;
-    int CHANGE;
+// What is added to the roll against the target's state; below 30 it loses a level of morale.
+constexpr MODIFIER_ROW BY_SUPPRESSION[] = {{3, 3, -5}, {4, 4, -10}};
+constexpr MODIFIER_ROW BY_COMMAND[] = {{0, 0, -15}, {1, 1, -10}};
+constexpr MODIFIER_ROW BY_MORALE[] = {{1, 1, 10}, {2, 3, 15}, {4, 4, 30}};
+static_assert(In_Order(BY_SUPPRESSION) && In_Order(BY_COMMAND) && In_Order(BY_MORALE));
+constexpr TEST_MODIFIER LEAFLETS[] = {
+    {"leaflets", [](int) { return -20; }},
+    {"suppression", [](int j) { return Modifier_Of(BY_SUPPRESSION, UNIT[j].SUPPRESSED); }},
+    {"command", [](int j) { return Modifier_Of(BY_COMMAND, UNIT[j].C2); }},
+    {"morale", [](int j) { return Modifier_Of(BY_MORALE, UNIT[j].MORALE); }},
 };
-/// What is added to the roll against the target's state; below 30 it loses a level of morale.
-constexpr PSYOPS_ROW PSYOPS_ROWS[] = {
-    // NAME                     FIELD                      VALUE CHANGE
-    {"suppression high",        &UNIT_RECORD::SUPPRESSED,  3,    -5},
-    {"suppression very high",   &UNIT_RECORD::SUPPRESSED,  4,    -10},
-    {"command bad",             &UNIT_RECORD::C2,          0,    -15},
-    {"command poor",            &UNIT_RECORD::C2,          1,    -10},
-    {"morale poor",             &UNIT_RECORD::MORALE,      1,    10},
-    {"morale average",          &UNIT_RECORD::MORALE,      2,    15},
-    {"morale high",             &UNIT_RECORD::MORALE,      3,    15},
-    {"morale very high",        &UNIT_RECORD::MORALE,      4,    30},
-};
+constexpr int HOLDS_OUT_FROM = 30;
 
 void Work_On(int u, int j)
 {
     const bool told = Explaining(u, j);
     const int roll = Roll_Dice(SITE_PSYOPS);
-    int x = roll - 20;
-    if (told) Explain_Line(Cat(UNIT[u].NAME, " works on ", UNIT[j].NAME, ": roll ", To_Text(roll), " - 20"));
-    for (const PSYOPS_ROW& row : PSYOPS_ROWS) {
-        if (UNIT[j].*row.FIELD != row.VALUE) continue;
-        x += row.CHANGE;
-        if (told) Explain_Line(Cat("  ", row.NAME, " ", To_Text(row.CHANGE), " = ", To_Text(x)));
-    }
-    if (x >= 30) return;
+    if (told)
+        Explain_Line(Cat(UNIT[u].NAME, " works on ", UNIT[j].NAME, ": roll ", To_Text(roll), ", holds out from ",
+                         To_Text(HOLDS_OUT_FROM)));
+    if (Add_Up(roll, LEAFLETS, told, j) >= HOLDS_OUT_FROM) return;
     if (UNIT[j].MORALE > 0) UNIT[j].MORALE -= 1;
     Post_At(j, Cat(UNIT[j].NAME, " loses morale as a result of PSYOPS attack!"), 0, BOTH);
 }

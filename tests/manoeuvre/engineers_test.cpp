@@ -1,0 +1,361 @@
+#include "manoeuvre/engineers.h"
+#include "core/invariants.h"
+#include "support/board.h"
+#include "support/dice.h"
+#include "terrain/grid.h"
+#include "terrain/map.h"
+
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+int Rows_Used() { return Count_Used(BG, 1, MAX_BG); }
+
+/// A Blue unit on the march that stands on Red mines laid on ground of this value.
+struct Minefield {
+    Board BOARD;
+    int UNIT_ON_IT;
+
+    explicit Minefield(char ground, int type = 5) : BOARD({"....", std::string{'.', ground, '.', '.'}, "...."})
+    {
+        Lay_Obstacle(Hex_Of(2, 2), RED);
+        UNIT_ON_IT = BOARD.Place(BLUE, 15, 15, type);
+        UNIT[UNIT_ON_IT].MOVESTATUS = 2;
+    }
+};
+
+/// Whether one try at these mines succeeds at this roll.
+bool Breaches(int roll, int type, int attached_type = 0, int suppressed = 0)
+{
+    Minefield field('1', type);
+    const int u = field.UNIT_ON_IT;
+    UNIT[u].SUPPRESSED = suppressed;
+    if (attached_type != 0) {
+        const int v = field.BOARD.Place(BLUE, -500, -1000, attached_type);
+        UNIT[v].PARENT_UNIT = u;
+    }
+    Roll_Next(roll);
+    Obstacle_Recon(u);
+    return Rows_Used() == 0;
+}
+
+void Work(int u, int turns)
+{
+    for (; turns > 0; --turns) Engineer_Work(u);
+}
+
+}   // namespace
+
+TEST(Recon, AUnitSeesEnemyWorksWithinItsGroundAndSixteenPixelsMore)
+{
+    for (const int type : {8, 7, 9, 5}) {
+        Board board(40, 10);
+        const int u = board.Place(BLUE, 100, 45);
+        UNIT[u].FOOTPRINT = 41;   // half of it, 20.5, rounds to 20: seen to 36 pixels
+        const auto put = [&](int row, int side, int distance) {
+            BG[row].BGTYPE = type;
+            BG[row].BGHEX = row;
+            BG[row].BGSIDE = side;
+            BG[row].BGX = 100 + distance - 5;   // the cell's centre lies half a cell inside
+            BG[row].BGY = 40;
+        };
+        put(1, RED, 36);
+        put(2, RED, 37);
+        put(3, BLUE, 30);
+        put(4, BOTH, 36);
+        Obstacle_Recon(u);
+        EXPECT_EQ(BG[1].BGVISIBLE, 1) << type;
+        EXPECT_EQ(BG[2].BGVISIBLE, 0) << type;
+        EXPECT_EQ(BG[3].BGVISIBLE, 0) << type;
+        EXPECT_EQ(BG[4].BGVISIBLE, 1) << type;
+        EXPECT_EQ(UNIT[u].BREACH, 0);
+    }
+}
+
+TEST(Recon, AnAirCollectorSeesByItsOptics)
+{
+    for (const int sensor : {1, 2}) {
+        Board board(40, 10);
+        const int u = board.Place(BLUE, 100, 45, 26);
+        UNIT[u].FOOTPRINT = 10;
+        UNIT[u].MXRANGE = 8;
+        UNIT[u].SENSORT = sensor;
+        BG[1].BGTYPE = 9;
+        BG[1].BGHEX = 1;
+        BG[1].BGSIDE = RED;
+        BG[1].BGX = 175;   // centre at 180: 8 km
+        BG[1].BGY = 40;
+        Obstacle_Recon(u);
+        EXPECT_EQ(BG[1].BGVISIBLE, sensor == 1 ? 1 : 0);   // a radar does not see works, and 80 is far beyond its ground
+    }
+}
+
+TEST(Recon, EnemySmokeIsSeenByOperationalUnitsOnly)
+{
+    for (const int status : {1, 2}) {
+        Board board(40, 10);
+        const int u = board.Place(BLUE, 100, 45);
+        UNIT[u].FOOTPRINT = 41;
+        UNIT[u].STATUS = status;
+        for (const int row : {1, 2, 3}) {
+            NBC[row].NBCTYPE = row == 2 ? 21 : 20;
+            NBC[row].NBCSIDE = row == 3 ? BLUE : RED;
+            NBC[row].NBCX = 136;
+            NBC[row].NBCY = 45;
+        }
+        Obstacle_Recon(u);
+        EXPECT_EQ(NBC[1].NBCVISIBLE, status == 2 ? 1 : 0);
+        EXPECT_EQ(NBC[2].NBCVISIBLE, 0);   // gas is not smoke
+        EXPECT_EQ(NBC[3].NBCVISIBLE, 0);   // its own
+    }
+}
+
+TEST(Breach, WithoutEngineersARollBelowFortyFails)
+{
+    EXPECT_FALSE(Breaches(39, 5));   // 39 - 30 = 9
+    EXPECT_TRUE(Breaches(42, 5));
+    EXPECT_TRUE(Breaches(100, 5));
+}
+
+TEST(Breach, WithEngineersARollBelowTwentyFails)
+{
+    EXPECT_FALSE(Breaches(19, 14));   // 19 - 10 = 9
+    EXPECT_TRUE(Breaches(21, 14));
+    EXPECT_TRUE(Breaches(21, 5, 14));
+    EXPECT_FALSE(Breaches(21, 5, 15));      // bridge engineers do not help
+    EXPECT_FALSE(Breaches(21, 5, 14, 3));   // nor anyone under high suppression
+    EXPECT_TRUE(Breaches(21, 5, 14, 2));
+}
+
+TEST(Breach, ABreachLowersTheCellAndFreesTheRowAndTheUnit)
+{
+    Minefield field('3');
+    const int u = field.UNIT_ON_IT;
+    EXPECT_EQ(UNIT[u].TERTYPE, 14);
+    UNIT[u].MOVESTATUS = 1;
+    Roll_Next(42);
+    Obstacle_Recon(u);
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
+    EXPECT_EQ(UNIT[u].BREACH, 0);
+    EXPECT_EQ(UNIT[u].TERTYPE, 3);
+    EXPECT_EQ(std::string_view(HEXMAP[Hex_Of(2, 2)].TNAME), "Road");   // beach, once a lane is cleared through it
+    EXPECT_EQ(Rows_Used(), 0);
+    EXPECT_FLOAT_EQ(BMANL, 0.3f);   // 3 percent of 10
+    EXPECT_EQ(Messages(), (std::vector<std::string>{"B1: Breaching an obstacle!", "B1: Obstacle is reduced!"}));
+    EXPECT_TRUE(Broken_Invariants().empty());
+}
+
+TEST(Breach, AFailedBreachHaltsTheUnitOnTheObstacle)
+{
+    Minefield field('.', 14);
+    const int u = field.UNIT_ON_IT;
+    Roll_Next(19);
+    Obstacle_Recon(u);
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
+    EXPECT_EQ(UNIT[u].BREACH, 1);
+    EXPECT_EQ(UNIT[u].TERTYPE, 11);
+    EXPECT_EQ(Rows_Used(), 1);
+    EXPECT_FLOAT_EQ(BMANL, 0.1f);   // 1 percent of 10 with engineers
+    EXPECT_EQ(Messages().back(), "B1: Unable to reduce obstacle this turn!");
+    EXPECT_EQ(DiceSite, 8);
+}
+
+TEST(Breach, OnlyAMovingOperationalGroundUnitBreaches)
+{
+    struct CASE {
+        int MOVESTATUS, STATUS, MOBILITY;
+    };
+    for (const CASE& c : {CASE{0, 2, 2}, CASE{6, 2, 2}, CASE{2, 1, 2}, CASE{9, 2, 3}}) {
+        Minefield field('.');
+        const int u = field.UNIT_ON_IT;
+        UNIT[u].MOVESTATUS = c.MOVESTATUS;
+        UNIT[u].STATUS = c.STATUS;
+        UNIT[u].MOBILITY = c.MOBILITY;
+        Roll_Next(100);
+        const int seed = RSEED;
+        Obstacle_Recon(u);
+        EXPECT_EQ(RSEED, seed);
+        EXPECT_EQ(Rows_Used(), 1);
+        EXPECT_EQ(BG[1].BGVISIBLE, 1);   // everyone sees it
+    }
+}
+
+TEST(Breach, OwnMinesAndMinesWithoutARowStopAUnitToo)
+{
+    {
+        Board board({"...", ".2.", "..."});
+        Lay_Obstacle(Hex_Of(2, 2), BLUE);
+        const int u = board.Place(BLUE, 15, 15);
+        UNIT[u].MOVESTATUS = 2;
+        Roll_Next(42);
+        Obstacle_Recon(u);
+        EXPECT_EQ(UNIT[u].TERTYPE, 2);
+        EXPECT_EQ(Rows_Used(), 0);
+    }
+    Board board({"...", "...", "..."});
+    Set_Cell(Hex_Of(2, 2), 12, "Obstacle");
+    const int u = board.Place(BLUE, 15, 15);
+    UNIT[u].MOVESTATUS = 2;
+    Roll_Next(42);
+    Obstacle_Recon(u);
+    EXPECT_EQ(UNIT[u].TERTYPE, 1);
+}
+
+TEST(Breach, MinesUnderfootAreTriedOnceAndNeighbouringMinesToo)
+{
+    Board board(6, 3);
+    Lay_Obstacle(Hex_Of(2, 2), RED);   // 10 pixels off
+    Lay_Obstacle(Hex_Of(3, 2), RED);   // underfoot
+    Lay_Obstacle(Hex_Of(5, 2), RED);   // 20 pixels off
+    Lay_Obstacle(Hex_Of(6, 2), RED);   // 30 pixels off: out of reach
+    const int u = board.Place(BLUE, 25, 15);
+    UNIT[u].MOVESTATUS = 2;
+    RSEED = 57;   // to come: 21, 3, 14: all fail
+    Obstacle_Recon(u);
+    EXPECT_EQ(RSEED, 60);
+    EXPECT_EQ(Rows_Used(), 4);
+    EXPECT_EQ(UNIT[u].BREACH, 1);
+}
+
+TEST(Works, ObstaclesAreLaidOnOpenCellsWhileARowIsFree)
+{
+    Board board({"12S", "=5.", "..."});
+    GTURN = 4;
+    const int bridge = Hex_Of(1, 2), sea = Hex_Of(3, 1);
+    Lay_Obstacle(bridge, BLUE);
+    EXPECT_EQ(Cell_Value(bridge), 18);
+    EXPECT_EQ(BG[1].BGHEX, bridge);
+    EXPECT_EQ(BG[1].BGTYPE, 8);
+    EXPECT_EQ(BG[1].BGSTIME, 4);
+    EXPECT_EQ(BG[1].BGX, 0);
+    EXPECT_EQ(BG[1].BGY, 10);
+    Lay_Obstacle(bridge, RED);   // mined already
+    Lay_Obstacle(sea, RED);
+    Lay_Obstacle(0, RED);
+    Lay_Obstacle(99, RED);
+    EXPECT_EQ(Rows_Used(), 1);
+    EXPECT_EQ(BOBST, 0);         // what an obstacle costs is booked with its order
+    for (int row = 2; row <= MAX_BG; ++row) BG[row].BGHEX = 99999;
+    Lay_Obstacle(Hex_Of(1, 1), RED);
+    EXPECT_EQ(Cell_Value(Hex_Of(1, 1)), 1);
+}
+
+TEST(Works, AFortificationTakesThreeTurnsAndShelters)
+{
+    Board board({"...", ".2.", "..."});
+    const int u = board.Place(BLUE, 15, 15, 14);
+    UNIT[u].TIMEREGR = 6;
+    Work(u, 1);
+    EXPECT_EQ(Messages().back(), "B1: Fortification will be complete in 2 turn!");
+    Work(u, 1);
+    EXPECT_EQ(Messages().back(), "B1: Fortification will be complete in 1 turn!");
+    EXPECT_EQ(UNIT[u].TERTYPE, 2);
+    UNIT[u].STATUS = 1;   // an ineffective unit digs no further, and tires all the same
+    Work(u, 1);
+    EXPECT_EQ(UNIT[u].TIMEREGR, 4);
+    UNIT[u].STATUS = 2;
+    Work(u, 1);
+    EXPECT_EQ(Messages().back(), "B1: Fortification is finished!");
+    EXPECT_EQ(UNIT[u].TERTYPE, 23);
+    EXPECT_EQ(UNIT[u].TIMEREGR, 0);
+    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 0);
+    EXPECT_EQ(UNIT[u].FATIGUE, 2 + 4 * 3);
+    EXPECT_EQ(BG[1].BGTYPE, 9);
+    EXPECT_EQ(BG[1].BGSIDE, BLUE);
+    EXPECT_EQ(BG[1].BGX, 10);
+    EXPECT_TRUE(Broken_Invariants().empty());
+    CrossingHex = UNIT[u].HEXNUM;
+    Change_Crossing();
+    EXPECT_EQ(UNIT[u].TERTYPE, 2);
+    EXPECT_EQ(Rows_Used(), 0);
+}
+
+TEST(Works, DiggersAreReleasedWhereNothingCanBeBuilt)
+{
+    Board board({"...", "...", "..."});
+    const int mined = board.Place(BLUE, 15, 15, 14), full = board.Place(BLUE, 5, 5, 14);
+    UNIT[mined].TIMEREGR = UNIT[full].TIMEREGR = 4;
+    UNIT[mined].MOVESTATUS = 2;
+    Lay_Obstacle(Hex_Of(2, 2), RED);   // scattered on the works before they were finished
+    Work(mined, 1);
+    EXPECT_EQ(UNIT[mined].TERTYPE, 11);
+    EXPECT_EQ(UNIT[mined].TIMEREGR, 0);
+    EXPECT_EQ(UNIT[mined].MOVESTATUS, 2);
+    for (int row = 2; row <= MAX_BG; ++row) BG[row].BGHEX = 99999;
+    Work(full, 1);
+    EXPECT_EQ(UNIT[full].TIMEREGR, 0);
+    EXPECT_EQ(UNIT[full].TERTYPE, 0);
+    EXPECT_FALSE(Posted("finished"));
+}
+
+TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
+{
+    Board board({"...", ".~.", "..."});
+    const int river = Hex_Of(2, 2);
+    const int u = board.Place(RED, 15, 15, 15), friendly = board.Place(RED, 14, 14);
+    UNIT[u].BRIDGING = 2;
+    UNIT[u].TIMEREGR = 2;
+    UNIT[u].MOVESTATUS = UNIT[friendly].MOVESTATUS = 1;
+    Work(u, 1);
+    EXPECT_EQ(Messages().back(), "R301: Bridge will be complete in 1 turn!");
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
+    EXPECT_EQ(Cell_Value(river), 5);
+    Work(u, 1);
+    EXPECT_EQ(Messages().back(), "R301: Bridge is finished!");
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
+    EXPECT_EQ(UNIT[u].BRIDGING, 1);
+    EXPECT_EQ(UNIT[friendly].TERTYPE, 7);
+    EXPECT_EQ(BG[1].BGTYPE, 7);
+    EXPECT_EQ(BG[1].BGSIDE, RED);
+    Work(u, 1);
+    EXPECT_EQ(UNIT[u].BRIDGING, 1);   // one bridge is enough
+
+    Lay_Obstacle(river, BLUE);
+    Blow_Bridge(river);
+    EXPECT_EQ(BG[1].BGTYPE, 5);
+    EXPECT_EQ(Cell_Value(river), 16);   // the mines lie in the river now
+    EXPECT_EQ(std::string_view(HEXMAP[river].TNAME), "Blown Bridge");
+    EXPECT_TRUE(Broken_Invariants().empty());
+    CrossingHex = river;
+    Change_Crossing();
+    EXPECT_EQ(UNIT[u].TERTYPE, 5);
+    Work(u, 1);
+    EXPECT_EQ(BG[1].BGTYPE, 7);
+    EXPECT_EQ(UNIT[u].BRIDGING, 0);
+    EXPECT_EQ(Cell_Value(river), 7);
+    EXPECT_EQ(Rows_Used(), 1);
+
+    Blow_Bridge(Hex_Of(1, 1));   // nothing there
+    Work(u, 1);                  // no section left
+    EXPECT_EQ(Rows_Used(), 1);
+    EXPECT_TRUE(Broken_Invariants().empty());
+}
+
+TEST(Works, ABridgeOfTheTerrainAloneCannotBeBlown)
+{
+    Board board({"...", ".=.", "..."});
+    Blow_Bridge(Hex_Of(2, 2));
+    EXPECT_EQ(Cell_Value(Hex_Of(2, 2)), 7);
+}
+
+TEST(Works, AnAssaultCrossingHoldsAUnitTwoTurnsAndAWaitingRetreatRouteWaitsOn)
+{
+    Board board({"...", ".~.", "..."});
+    const int u = board.Place(BLUE, 15, 15), waiting = board.Place(BLUE, 5, 5);
+    UNIT[u].TIMEREGR = 2;
+    UNIT[u].MOVESTATUS = 2;
+    Work(u, 1);
+    EXPECT_EQ(Messages().back(), "B1: Assault crossing will be complete in 1 turn!");
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
+    Work(u, 1);
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
+    EXPECT_EQ(UNIT[u].TIMEREGR, 0);
+    EXPECT_EQ(Rows_Used(), 0);
+    UNIT[waiting].TIMEREGR = 6;
+    UNIT[waiting].MOVESTATUS = 6;
+    Work(waiting, 1);
+    EXPECT_EQ(UNIT[waiting].MOVESTATUS, 6);
+}
