@@ -1,0 +1,217 @@
+#include "combat/air_defence.h"
+#include "combat/helicopters.h"
+#include "support/fires.h"
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// An air defence battery of 2 points in good order: rested 1.1, high morale 1.1, lightly suppressed 0.9 = 1.089.
+int Place_Air_Defence(Board& board, int side, int x, int y)
+{
+    const int sam = board.Place(side, x, y, 1, 2.0f);
+    UNIT[sam].MXRANGE = 4;
+    UNIT[sam].MORALE = 3;
+    UNIT[sam].FATIGUE = 0;
+    UNIT[sam].SUPPRESSED = 1;
+    return sam;
+}
+
+}   // namespace
+
+TEST(AirDefenceFire, PowerIsTenfoldForAirDefenceTwofoldByDayAndSmallForSmallArms)
+{
+    Board board(60, 60);
+    const int sam = Place_Air_Defence(board, RED, 50, 50);
+    TIME_OF_DAY = "Night";
+    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 21.78f);   // 1.089 x 2 x 10
+    UNIT[sam].FATIGUE = 0;
+    TIME_OF_DAY = "Day";
+    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 43.56f);
+    EXPECT_EQ(UNIT[sam].FATIGUE, 1);
+    UNIT[sam].EWSTATUS = 5;
+    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 43.56f * 0.66f);
+    const int tanks = board.Place(RED, 50, 50);
+    UNIT[tanks].MORALE = 0;   // does not matter for small arms
+    const int slot = Place_Mission(BLUE, 4, 50, 50, 0, 5, 3);
+    EXPECT_FLOAT_EQ(ADA_Fire(0, tanks, 0, 50, 50, 1, slot).POWER, 16.0f);   // 10 x 0.2 x 4 x 2
+    EXPECT_FLOAT_EQ(ADA_Fire(0, tanks, 0, 50, 50, 2, 0).POWER, 4.0f);       // 10 x 0.2 x 2
+}
+
+TEST(AirDefenceFire, DistanceWeighsOnlyFarBeyondAnyRangeAndARangeOfNoneIsOne)
+{
+    Board board(60, 60);
+    const int sam = board.Place(RED, 50, 50, 2, 1.0f);
+    UNIT[sam].MXRANGE = 0;
+    const auto power = [&](int distance) {
+        UNIT[sam].FATIGUE = 2;
+        return ADA_Fire(distance, sam, 0, 150, 50, 2, 0).POWER;
+    };
+    EXPECT_FLOAT_EQ(power(3349), 20.0f);   // 33.49 rounds to 33
+    EXPECT_EQ(UNIT[sam].MXRANGE, 1);
+    EXPECT_FLOAT_EQ(power(3360), 15.0f);
+    EXPECT_FLOAT_EQ(power(6640), 15.0f);
+    EXPECT_FLOAT_EQ(power(6700), 10.0f);
+    EXPECT_FLOAT_EQ(power(10000), 10.0f);
+    EXPECT_FLOAT_EQ(power(10100), 20.0f);
+}
+
+TEST(AirDefenceFire, AUnitThatCannotFireRollsNothing)
+{
+    Board board(60, 60);
+    const int sam = Place_Air_Defence(board, RED, 50, 50);
+    UNIT[sam].TACOPN = -1;
+    EXPECT_FALSE(ADA_Fire(10, sam, 0, 150, 50, 2, 0).FIRED);
+    UNIT[sam].TACOPN = 0;
+    UNIT[sam].STATUS = 1;
+    EXPECT_FALSE(ADA_Fire(10, sam, 0, 150, 50, 2, 0).FIRED);
+    EXPECT_EQ(RSEED, 0);
+    EXPECT_EQ(UNIT[sam].FATIGUE, 0);
+}
+
+TEST(AirDefenceFire, AFlyerLosesAThirdAtMostAnEighthOfThePowerOnSecurityATenthWhenAborting)
+{
+    Board board(60, 60);
+    const int sam = Place_Air_Defence(board, RED, 50, 50);
+    const auto loss = [&](float rcp, int operation, int posture) {
+        BADAL = 0;
+        UNIT[sam].FATIGUE = 0;
+        const int flyer = Place_In_The_Air(board, BLUE, 150, 50, 11, rcp);
+        UNIT[flyer].TACOPN = operation;
+        UNIT[flyer].MOVESTATUS = posture;
+        ADA_Fire(100, sam, flyer, 150, 50, 3, 0);
+        return static_cast<float>(BADAL);
+    };
+    EXPECT_FLOAT_EQ(loss(1000, 0, 9), 43.56f);
+    EXPECT_TRUE(Posted("ADA BDA: B1 lost 4%"));
+    EXPECT_EQ(Messages().size(), 2u);   // to all, and as the unit's own report
+    EXPECT_EQ(SITREPLIST[2].SIDE, BLUE);
+    EXPECT_FLOAT_EQ(loss(1000, 3, 9), 5.445f);
+    EXPECT_TRUE(Posted("ADA BDA: B2 lost less than 1%"));
+    EXPECT_FLOAT_EQ(loss(9, 0, 9), 3.0f);
+    EXPECT_FLOAT_EQ(loss(9, 0, 10), 0.3f);
+    EXPECT_EQ(RSEED, 0);   // power there was: no lucky hit is asked for
+}
+
+TEST(AirDefenceFire, WithoutAnyPowerAFifthOfTheShotsTouch)
+{
+    Board board(60, 60);
+    const int sam = Place_Air_Defence(board, RED, 50, 50);
+    UNIT[sam].RCP2 = 0;
+    const int flyer = Place_In_The_Air(board, BLUE, 150, 50, 11, 10.0f);
+    Next_Roll(19);
+    EXPECT_EQ(ADA_Fire(100, sam, flyer, 150, 50, 3, 0).ROLL, 19);
+    EXPECT_FLOAT_EQ(BADAL, 0.1f);
+    Next_Roll(21);
+    ADA_Fire(100, sam, flyer, 150, 50, 3, 0);
+    EXPECT_FLOAT_EQ(BADAL, 0.1f);
+}
+
+TEST(AirDefence, AStrikeIsDisruptedWhenTheRollAndItsSortiesAreWithinThePower)
+{
+    Board board(60, 60);
+    const int sam = Place_Air_Defence(board, RED, 150, 50);
+    const int slot = Place_Mission(BLUE, 3, 150, 50, 0, 11, 2);
+    Next_Roll(35);   // 35 + 2 x 4 = 43, at most 43.56
+    ADA_Engage(0, 0, BLUE, 150, 50, 4, slot);
+    EXPECT_EQ(StrikeDisrupted, 1);
+    EXPECT_FLOAT_EQ(BADAL, 1.0f);
+    EXPECT_TRUE(Posted("SITREP: ADA disrupts air strike!"));
+    EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: R301 engages air strike!"));
+    EXPECT_EQ(UNIT[sam].SPOTTED, 1);
+    EXPECT_EQ(UNIT[sam].FIREMISSIONN, 0);
+    UNIT[sam].FATIGUE = 0;
+    Next_Roll(37);
+    ADA_Engage(0, 0, BLUE, 150, 50, 4, slot);   // 45
+    EXPECT_EQ(StrikeDisrupted, 1);
+    UNIT[sam].FATIGUE = 0;
+    Next_Roll(10);
+    ADA_Engage(0, 0, BLUE, 150, 50, 3, slot);   // (10 + 8) x 3 = 54 against bombers
+    EXPECT_EQ(StrikeDisrupted, 1);
+}
+
+TEST(AirDefence, SEADFiresFirstAndMaySilenceTheBattery)
+{
+    Board board(60, 60);
+    const int sam = Place_Air_Defence(board, RED, 150, 50);
+    const int guns = Place_Battery(board, BLUE, 50, 50, 2);
+    const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 11, 2);
+    ADA_Engage(1, 0, BLUE, 150, 50, 4, slot);
+    EXPECT_EQ(UNIT[guns].FIREMISSIONN, 1);
+    EXPECT_GT(RARTYL, 0);
+    EXPECT_EQ(UNIT[sam].SPOTTED, 1);
+}
+
+TEST(AirDefence, GroundUnitsUnderAStrikeFireToo)
+{
+    const auto engaged = [](int kind, int target_class, int distance, bool attached) {
+        Board board(60, 60);
+        const int tanks = board.Place(RED, 150 + distance, 50);
+        if (attached) {
+            const int sam = Place_Air_Defence(board, RED, -500, -2000);
+            UNIT[sam].PARENT_UNIT = tanks;
+        }
+        const int slot = Place_Mission(BLUE, kind, 150, 50, 0, target_class, 2);
+        ADA_Engage(0, 0, BLUE, 150, 50, kind, slot);
+        return UNIT[tanks].SPOTTED == 1;
+    };
+    EXPECT_TRUE(engaged(4, 5, 20, false));
+    EXPECT_FALSE(engaged(4, 5, 21, false));
+    EXPECT_TRUE(engaged(4, 5, 60, true));   // 4 km and half of 40 pixels
+    EXPECT_FALSE(engaged(4, 5, 61, true));
+    EXPECT_FALSE(engaged(4, 11, 0, false));   // nobody lives on a bridge
+    EXPECT_FALSE(engaged(3, 5, 0, false));    // bombers are too high
+}
+
+TEST(SmallArms, WhoSeesALowFlyerFiresAtIt)
+{
+    Board board(60, 60);
+    const int tanks = board.Place(RED, 170, 50);   // 20 pixels
+    board.Place(RED, 171, 50);                     // too far
+    const int guns = board.Place(RED, 150, 50, 8);
+    UNIT[guns].FIREMISSIONN = 3;   // has done its day's work
+    const int anti_tank = board.Place(RED, 150, 50, 4);
+    const int flyer = Place_In_The_Air(board, BLUE, 150, 50, 12);
+    Small_Arms_Fire(flyer);
+    EXPECT_EQ(UNIT[tanks].SPOTTED, 1);
+    EXPECT_EQ(UNIT[anti_tank].SPOTTED, 0);   // neither air defence nor one of the others
+    EXPECT_EQ(UNIT[flyer].SPOTTED, 1);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "B1 receives small arms fire from R301"));
+    EXPECT_EQ(board.SCREEN.Count("status", "receives small arms fire"), 1);
+    EXPECT_NEAR(BADAL, 10.0f / 3, 1e-6);   // 4 points, a third of 10 at most
+    UNIT[flyer].MOVESTATUS = 8;
+    Small_Arms_Fire(flyer);   // on station it keeps its head down
+    EXPECT_EQ(board.SCREEN.Count("status", "receives small arms fire"), 1);
+}
+
+TEST(SmallArms, AUAVIsSeenOnceInAHundred)
+{
+    Board board(60, 60);
+    const int tanks = board.Place(RED, 150, 50);
+    const int uav = Place_In_The_Air(board, BLUE, 150, 50, 26);
+    int seen = 0;
+    for (int roll = 0; roll < 100; ++roll) {
+        RSEED = roll;
+        UNIT[tanks].SPOTTED = 0;
+        Small_Arms_Fire(uav);
+        EXPECT_EQ(DiceSite, SITE_SMALL_ARMS_SEES);
+        seen += UNIT[tanks].SPOTTED;
+    }
+    EXPECT_EQ(seen, 1);
+}
+
+TEST(SmallArms, AttachedAirDefenceReachesFarAndAHillHidesTheFlyer)
+{
+    Board board(60, 60);
+    const int tanks = board.Place(RED, 205, 55);
+    const int sam = Place_Air_Defence(board, RED, -500, -2000);
+    UNIT[sam].PARENT_UNIT = tanks;
+    const int flyer = Place_In_The_Air(board, BLUE, 155, 55, 12);
+    Small_Arms_Fire(flyer);
+    EXPECT_EQ(UNIT[tanks].SPOTTED, 1);
+    for (int row = 1; row <= 60; ++row)
+        HEXMAP[(18 - 1) * 60 + row].THIGH = 1;   // 30 pixels from the tanks: behind them
+    Small_Arms_Fire(flyer);
+    EXPECT_EQ(UNIT[tanks].SPOTTED, 1);
+}

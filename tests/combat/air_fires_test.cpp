@@ -1,0 +1,292 @@
+#include "combat/air.h"
+#include "combat/air_attack.h"
+#include "combat/air_defence.h"
+#include "support/fires.h"
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// No fighters: every interception fails for Blue's missions.
+void Own_The_Air() { AIRSUPER = 100; }
+
+int Known(Board& board, int x, int y, int type = 5)
+{
+    const int unit = board.Place(RED, x, y, type);
+    UNIT[unit].SPOTTED = 1;
+    UNIT[unit].FOOTPRINT = 1;   // out of reach of the aim point, so that nobody shoots back
+    return unit;
+}
+
+}   // namespace
+
+TEST(AirAttack, FourSortiesTakeSixtyPercentOfATankBattalionByDay)
+{
+    Board board(40, 40);
+    const int target = board.Place(RED, 150, 50);
+    const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 4);
+    // 3 a sortie; outside a TAI 0.5 = 1.5; 4 sorties = 6 of 10 points
+    Air_Attack(target, 4, slot);
+    EXPECT_FLOAT_EQ(RAIRL, 6.0f);
+    EXPECT_TRUE(Posted("Attack did not occur within an active TAI!"));
+    EXPECT_EQ(SITREPLIST[1].SIDE, BLUE);
+    EXPECT_TRUE(Posted("Air Strike BDA: R301 lost 60% destroyed"));
+    Place_Area(BLUE, 13, 150, 50);
+    RAIRL = 0;
+    Air_Attack(board.Place(RED, 150, 50), 4, slot);   // 12, but not above 0.8 of the target
+    EXPECT_FLOAT_EQ(RAIRL, 8.0f);
+    EXPECT_TRUE(Posted("Attack occurred within an active TAI!"));
+}
+
+TEST(AirAttack, NightAirDefenceAndCoverTakeMostOfIt)
+{
+    Board board(40, 40);
+    const int target = board.Place(RED, 150, 50);
+    UNIT_RECORD& t = UNIT[target];
+    t.SIZE = 2;
+    t.TERTYPE = 4;
+    t.TACOPN = 1;
+    t.MOBILITY = 1;
+    TIME_OF_DAY = "Night";
+    StrikeDisrupted = 1;
+    Place_Area(BLUE, 13, 150, 50);
+    const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 2);
+    // 3; night 0.6 = 1.8; disrupted 1/3 = 0.6; company 1.3 = 0.78; urban 0.4 = 0.312; hasty defence 0.6 = 0.1872;
+    // wheels 1.3 = 0.24336; 2 sorties = 0.48672, 4 % of 10
+    Air_Attack(target, 4, slot);
+    EXPECT_NEAR(RAIRL, 0.48672f, 1e-6f);
+    EXPECT_TRUE(Posted("Air Strike BDA: R301 lost 4% destroyed"));
+}
+
+TEST(AirAttack, DisruptionTargetsOfOpportunityAndSmokeWeighAsTold)
+{
+    const auto loss = [](auto change) {
+        Board board(40, 40);
+        const int target = board.Place(RED, 150, 50, 5, 1000.0f);
+        const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 8);
+        change(UNIT[target], TG[slot]);
+        Air_Attack(target, 4, slot);
+        return static_cast<float>(RAIRL);
+    };
+    const float plain = loss([](auto&, auto&) {});
+    EXPECT_FLOAT_EQ(plain, 12.0f);   // 3 x 0.5 x 8
+    EXPECT_FLOAT_EQ(loss([](auto&, auto&) { StrikeDisrupted = 2; }), plain / 8);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto&) { StrikeDisrupted = 7; }), plain / 12);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& m) { m.TGHPT = 0; }), plain * 0.6f);   // 1.8 a sortie
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.OBSCURED = 1; }), plain / 3);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 6; }), plain * 0.1f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 25; }), plain * 0.3f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = -1; }), plain * 1.3f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.MOBILITY = 3, t.MOVESTATUS = 1; }), plain * 1.5f * 1.3f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.MOBILITY = 3, t.MOVESTATUS = 8; }), 0.1f);   // the least
+}
+
+TEST(AirAttack, BombersDestroyOutrightAndALostTargetIsLeftAlone)
+{
+    Board board(40, 40);
+    const int target = board.Place(RED, 150, 50);
+    const int slot = Place_Mission(BLUE, 3, 150, 50, 0, 5, 4);
+    UNIT[target].STATUS = 0;
+    Air_Attack(target, 3, slot);
+    EXPECT_TRUE(Messages().empty());
+    UNIT[target].STATUS = 2;
+    Air_Attack(target, 3, slot);   // 6 x 4 = 24, all that there is
+    EXPECT_FLOAT_EQ(RAIRL, 10.0f);
+    EXPECT_TRUE(Posted("Bomber Mission BDA: R301 lost 100% destroyed"));
+}
+
+namespace {
+
+/// Whether a mission at a bridge (11) or with mines (12) hits.
+bool Hits(int target_class, int kind, int sorties, int roll, int disrupted, bool night, std::string& said)
+{
+    Board board(40, 40);
+    TIME_OF_DAY = night ? "Night" : "Day";
+    StrikeDisrupted = disrupted;
+    const int slot = Place_Mission(BLUE, kind, 155, 55, 0, target_class, sorties);
+    Next_Roll(roll);
+    Air_Attack(0, kind, slot);
+    said = Messages().back();
+    return said.find("destroyed") != std::string::npos || said.find("successful") != std::string::npos;
+}
+
+}   // namespace
+
+TEST(AirAttack, AttacksOnPlacesAreAChance)
+{
+    std::string said;
+    EXPECT_TRUE(Hits(11, 4, 2, 59, 0, false, said));
+    EXPECT_EQ(said, "Air Strike BDA: Bridge is destroyed!");
+    EXPECT_FALSE(Hits(11, 4, 2, 60, 0, false, said));
+    EXPECT_EQ(said, "Air Strike BDA: Air attack misses bridge!");
+    EXPECT_TRUE(Hits(11, 4, 4, 64, 0, false, said));    // 60 x 1.1 = 66
+    EXPECT_FALSE(Hits(11, 4, 4, 66, 0, false, said));   // not below 66
+    EXPECT_TRUE(Hits(11, 4, 6, 71, 0, false, said));    // 72
+    EXPECT_TRUE(Hits(11, 4, 8, 77, 0, false, said));    // 78
+    EXPECT_TRUE(Hits(11, 4, 9, 89, 0, false, said));    // 90
+    EXPECT_FALSE(Hits(11, 4, 2, 30, 0, true, said));    // 30 by night
+    EXPECT_FALSE(Hits(11, 4, 2, 30, 1, false, said));   // halved
+    EXPECT_FALSE(Hits(11, 4, 2, 17, 2, false, said));   // quartered: 15
+    EXPECT_TRUE(Hits(11, 4, 2, 14, 2, false, said));
+    EXPECT_TRUE(Hits(11, 3, 2, 100, 0, false, said));   // bombers: 50 of 60
+    EXPECT_EQ(said, "Bomber Misson: Bridge is destroyed!");
+    EXPECT_FALSE(Hits(11, 3, 2, 60, 1, false, said));   // 30 of 30
+    EXPECT_EQ(said, "Bomber Mission BDA: Air attack misses bridge!");
+    EXPECT_TRUE(Hits(12, 4, 2, 79, 0, false, said));
+    EXPECT_EQ(said, "Air Strike BDA: FASCAM mission was successful!");
+    EXPECT_FALSE(Hits(12, 4, 2, 80, 0, false, said));
+    EXPECT_EQ(said, "Air Strike BDA: FASCAM mission failed!");
+    EXPECT_FALSE(Hits(12, 4, 2, 44, 0, true, said));   // 40 by night
+}
+
+TEST(AirMission, TheNearestKnownUnitOfTheClassIsHuntedAndOfEqualsTheLater)
+{
+    Board board(40, 40);
+    Own_The_Air();
+    Known(board, 150, 70);                      // 2 km
+    const int chosen = Known(board, 150, 30);   // 2 km, later
+    Known(board, 150, 50, 8);                   // another class, nearer
+    Known(board, 150, 90);                      // 4 km
+    const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 2);
+    Air_Mission(slot);
+    EXPECT_TRUE(Posted("SITREP: 2 X Air Strike Sorties attack R302"));
+    EXPECT_EQ(TG[slot].TGY, 30);
+    EXPECT_GT(RAIRL, 0);
+    EXPECT_EQ(chosen, 302);
+    EXPECT_EQ(StrikeDisrupted, 0);
+}
+
+TEST(AirMission, AnotherClassIsTheAlternateAndTheLastInReachIsTaken)
+{
+    Board board(40, 40);
+    Own_The_Air();
+    Known(board, 150, 50, 8);
+    Known(board, 150, 150, 9);   // 10 km: the last within reach
+    Known(board, 150, 156, 9);   // 10.6 rounds to 11
+    const int slot = Place_Mission(BLUE, 3, 150, 50, 0, 5, 1);
+    Air_Mission(slot);
+    EXPECT_TRUE(Posted("SITREP: Found an alternate target! 1 X Bomber Sorties attack R302"));
+    EXPECT_EQ(TG[slot].TGY, 150);
+}
+
+TEST(AirMission, PilotsFindWhatTheStaffHasNotAboveEighty)
+{
+    Board board(40, 40);
+    Own_The_Air();
+    const int hidden = Known(board, 150, 50), away = Known(board, 350, 350), loc = Known(board, 150, 60, 50);
+    UNIT[hidden].SPOTTED = UNIT[away].SPOTTED = UNIT[loc].SPOTTED = 0;
+    const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 0, 2);
+    RSEED = 18;   // then 66, 81: one roll each, wherever they stand
+    Air_Mission(slot);
+    EXPECT_EQ(UNIT[hidden].SPOTTED, 0);
+    EXPECT_EQ(UNIT[away].SPOTTED, 1);
+    EXPECT_EQ(UNIT[loc].SPOTTED, 0);
+    EXPECT_EQ(RSEED, 20);
+    EXPECT_TRUE(Posted("SITREP: 2 X Air Strike Sorties Found No Targets and Returned to Base!"));
+    EXPECT_EQ(SITREPLIST[1].SIDE, BLUE);
+    TG[slot].TGTYPE = 3;
+    RSEED = 0;   // 82: found this time
+    Air_Mission(slot);
+    EXPECT_TRUE(Posted("SITREP: 2 X Bomber Sorties attack R301"));
+}
+
+TEST(AirMission, AnInterceptionEndsItBeforeAnyAttack)
+{
+    Board board(40, 40);
+    AIRSUPER = 0;
+    Known(board, 150, 50);
+    Air_Mission(Place_Mission(BLUE, 4, 150, 50, 0, 5, 2));
+    EXPECT_TRUE(Posted("SITREP: RED fighters intercept BLUE air mission!"));
+    EXPECT_TRUE(Posted("SITREP: Air strike aborts due to interception!"));
+    EXPECT_FALSE(Posted("SITREP: Air strike attacks target!"));
+    EXPECT_EQ(RAIRL, 0);
+}
+
+TEST(AirMission, WorksAndSmokeWithinTenKilometresAreSeenFromTheAir)
+{
+    Board board(40, 40);
+    const auto work = [](int row, int side, int x) {
+        BG[row].BGHEX = 1;
+        BG[row].BGTYPE = 8;
+        BG[row].BGSIDE = side;
+        BG[row].BGX = x;
+        BG[row].BGY = 50;
+    };
+    work(1, RED, 245);   // centre (250, 55): 100 pixels
+    work(2, RED, 246);   // 101
+    work(3, BLUE, 150);
+    Air_Mission(Place_Mission(BLUE, 4, 150, 55, 0, 5, 2));
+    EXPECT_EQ(BG[1].BGVISIBLE, 1);
+    EXPECT_EQ(BG[2].BGVISIBLE, 0);
+    EXPECT_EQ(BG[3].BGVISIBLE, 0);
+}
+
+TEST(Interception, NightDoublesTheRollAFlyerTriplesIt)
+{
+    const auto intercepted = [](int unit_type, int side, int kind, int roll, bool night, int super = 50) {
+        Board board(40, 40);
+        AIRSUPER = super;
+        TIME_OF_DAY = night ? "Night" : "Day";
+        const int unit = unit_type > 0 ? Place_In_The_Air(board, side, 150, 50, unit_type) : 0;
+        Next_Roll(roll);
+        return Intercept_Check(unit, side, 150, 50, kind) == 1;
+    };
+    EXPECT_TRUE(intercepted(0, BLUE, 4, 50, false));
+    EXPECT_FALSE(intercepted(0, BLUE, 4, 51, false));
+    EXPECT_FALSE(intercepted(0, BLUE, 4, 26, true));     // 52
+    EXPECT_TRUE(intercepted(0, BLUE, 4, 22, true));      // 44
+    EXPECT_FALSE(intercepted(11, BLUE, 0, 17, false));   // 51
+    EXPECT_TRUE(intercepted(11, BLUE, 0, 14, false));    // 42
+    EXPECT_FALSE(intercepted(11, BLUE, 0, 9, true));     // 54
+    EXPECT_TRUE(intercepted(0, RED, 4, 30, false, 30));
+    EXPECT_FALSE(intercepted(0, RED, 4, 31, false, 30));
+    EXPECT_FALSE(intercepted(0, BLUE, 4, 100, false, 100));
+    EXPECT_TRUE(intercepted(0, BLUE, 3, 95, false, 100));   // a bomber stream is met now and then
+    EXPECT_FALSE(intercepted(0, BLUE, 3, 93, false, 100));
+}
+
+TEST(Interception, AUAVEscapesNineTimesOfTen)
+{
+    Board board(40, 40);
+    AIRSUPER = 50;
+    const int uav = Place_In_The_Air(board, BLUE, 150, 50, 26);
+    RSEED = 9;   // 5, 5: both tests
+    EXPECT_EQ(Intercept_Check(uav, BLUE, 150, 50, 0), 1);
+    EXPECT_EQ(UNIT[uav].VISIBLE, -1);
+    EXPECT_EQ(UNIT[uav].SPOTTED, 1);
+    RSEED = 10;   // 5, 50
+    EXPECT_EQ(Intercept_Check(uav, BLUE, 150, 50, 0), 0);
+    RSEED = 0;   // 82, 39: the second roll is made all the same
+    EXPECT_EQ(Intercept_Check(uav, BLUE, 150, 50, 0), 0);
+    EXPECT_EQ(RSEED, 2);
+}
+
+TEST(Interception, HighSurvivabilityMeetsNobodyAndRollsNothing)
+{
+    Board board(40, 40);
+    AIRSUPER = 0;
+    BBOMBERS = 1;
+    EXPECT_EQ(Intercept_Check(0, BLUE, 150, 50, 3), 0);
+    EXPECT_EQ(RSEED, 0);
+    EXPECT_EQ(Intercept_Check(0, BLUE, 150, 50, 4), 1);   // strikes have no such bombers
+}
+
+TEST(Interception, TheFlyersOwnAirDefenceMayDriveTheFightersOff)
+{
+    Board board(40, 40);
+    AIRSUPER = 0;
+    const int sam = board.Place(BLUE, 95, 5, 1, 5.0f);   // at the fighters: 55 pixels up and left of the mission
+    UNIT[sam].MXRANGE = 4;
+    // power 1 x 5 x 10 x 2 by day = 100: no roll is above it
+    EXPECT_EQ(Intercept_Check(0, BLUE, 150, 60, 4), 0);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: B1 engages the interceptors!"));
+    EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: ADA drives off interceptors!"));
+    EXPECT_EQ(StrikeDisrupted, 0);
+    EXPECT_EQ(RADAL, 0);
+    UNIT[sam].TACOPN = -1;   // withdrawing: no shot at all, and so no success
+    RSEED = 0;
+    EXPECT_EQ(Intercept_Check(0, BLUE, 150, 60, 4), 1);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: Fighters evade ADA!"));
+    EXPECT_EQ(RSEED, 1);
+}

@@ -1,0 +1,453 @@
+#include "combat/artillery.h"
+#include "support/fires.h"
+
+#include <functional>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+struct Duel {
+    Board BOARD{40, 40};
+    int FIRER = Place_Battery(BOARD, BLUE, 50, 50);
+    int TARGET = BOARD.Place(RED, 150, 50);
+    Duel() { UNIT[TARGET].SPOTTED = 2; }
+};
+
+}   // namespace
+
+TEST(ArtilleryAttack, AKnownTankBattalionInTheOpenLosesThreePercentToOneMission)
+{
+    Duel duel;
+    // 20 x 0.3 x 4 = 24; offence 0.9 = 21.6; battalion 0.2 = 4.32; tracks 0.3 = 1.296; armour 0.8 = 1.0368;
+    // outside a TAI 0.5 = 0.5184; command 3 x 0.05 + 0.5 = 0.65 = 0.33696; of 10 points that is 3 %.
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 0.33696f);
+    EXPECT_FLOAT_EQ(RARTYL, 0.33696f);
+    EXPECT_EQ(BARTYL, 0);
+    EXPECT_TRUE(Posted("Artillery Attack BDA:  R301 lost 3% destroyed"));
+    EXPECT_EQ(UNIT[duel.FIRER].FIREMISSIONN, 1);
+    EXPECT_EQ(UNIT[duel.FIRER].FATIGUE, 3);
+    EXPECT_EQ(UNIT[duel.TARGET].RCP2, 10.0f);   // whoever called applies it
+}
+
+TEST(ArtilleryAttack, EveryFactorOfAHardCaseCounts)
+{
+    Duel duel;
+    UNIT_RECORD& f = UNIT[duel.FIRER];
+    UNIT_RECORD& t = UNIT[duel.TARGET];
+    f.RCP2 = 10;
+    f.MORALE = 3;
+    f.FATIGUE = 16;
+    f.SUPPRESSED = 3;
+    f.C2 = 1;
+    f.EWSTATUS = 5;
+    f.UCONTROL = 1;
+    t.OBSCURED = 1;
+    t.TERTYPE = 4;
+    t.TACOPN = 1;
+    t.SPOTTED = 1;
+    t.SIZE = 2;
+    t.MOBILITY = 1;
+    t.MOVESTATUS = 2;
+    t.TYPE = 1;
+    FireMult = 4;
+    // 10 x 0.3 x 2 = 6; multiplier 4 = 24; smoke 0.3 = 7.2; morale 1.1 = 7.92; tired 0.8 = 6.336; suppressed 0.5
+    // = 3.168; urban 0.2 = 0.6336; hasty defence 0.6 = 0.38016; vaguely located 0.7 = 0.266112; company 0.3 =
+    // 0.0798336; wheels 1; moving 0.8 = 0.06386688; air defence 0.6 = 0.038320128; no TAI is asked for; command
+    // 0.55 = 0.02107607; jammed 0.66 = 0.013910206; controlled 1.5 = 0.02086531
+    EXPECT_NEAR(Artillery_Attack(duel.FIRER, duel.TARGET, 2), 0.02086531f, 1e-7f);
+    EXPECT_TRUE(Posted("Artillery Attack BDA:  R301 lost less than 1% destroyed"));
+    EXPECT_TRUE(duel.BOARD.SCREEN.Heard("status", "Smoke obscures target!"));
+}
+
+TEST(ArtilleryAttack, EachRowOfTheTableActsAsPrinted)
+{
+    using Change = std::function<void(UNIT_RECORD & f, UNIT_RECORD & t)>;
+    struct Row {
+        const char* NAME;
+        Change CHANGE;
+        float WANTED, BASE;   // factor of the row, and of the ordinary case that it stands in for
+    };
+    const Row rows[] = {
+        {"broken", [](auto& f, auto&) { f.MORALE = 0; }, 0.5f, 1},
+        {"poor", [](auto& f, auto&) { f.MORALE = 1; }, 0.8f, 1},
+        {"very high", [](auto& f, auto&) { f.MORALE = 4; }, 1.2f, 1},
+        {"rested", [](auto& f, auto&) { f.FATIGUE = 1; }, 1.1f, 1},
+        {"last hour that is fine", [](auto& f, auto&) { f.FATIGUE = 15; }, 1, 1},
+        {"exhausted", [](auto& f, auto&) { f.FATIGUE = 22; }, 0.5f, 1},
+        {"light", [](auto& f, auto&) { f.SUPPRESSED = 1; }, 0.9f, 1},
+        {"medium", [](auto& f, auto&) { f.SUPPRESSED = 2; }, 0.8f, 1},
+        {"very high suppression", [](auto& f, auto&) { f.SUPPRESSED = 4; }, 0.3f, 1},
+        {"beyond the scale", [](auto& f, auto&) { f.SUPPRESSED = 5; }, 0.5f, 1},
+        {"restricted", [](auto&, auto& t) { t.TERTYPE = 1; }, 0.6f, 1},
+        {"severe", [](auto&, auto& t) { t.TERTYPE = 2; }, 0.4f, 1},
+        {"river", [](auto&, auto& t) { t.TERTYPE = 5; }, 1.2f, 1},
+        {"obstacle", [](auto&, auto& t) { t.TERTYPE = 18; }, 1.5f, 1},
+        {"fortification", [](auto&, auto& t) { t.TERTYPE = 27; }, 0.2f, 1},
+        {"sea", [](auto&, auto& t) { t.TERTYPE = 10; }, 1, 1},
+        {"security", [](auto&, auto& t) { t.TACOPN = 3; }, 0.1f, 0.9f},
+        {"withdrawal", [](auto&, auto& t) { t.TACOPN = 4; }, 1.1f, 0.9f},
+        {"deliberate defence", [](auto&, auto& t) { t.TACOPN = 11; }, 1, 0.9f},
+        {"the code nobody has", [](auto&, auto& t) { t.TACOPN = 12; }, 0.2f, 0.9f},
+        {"unlocated", [](auto&, auto& t) { t.SPOTTED = 0; }, 0.1f, 1},
+        {"seen thrice", [](auto&, auto& t) { t.SPOTTED = 3; }, 1, 1},
+        {"brigade", [](auto&, auto& t) { t.SIZE = 4; }, 0.1f, 0.2f},
+        {"division", [](auto&, auto& t) { t.SIZE = 5; }, 0.05f, 0.2f},
+        {"convoy", [](auto&, auto& t) { t.SIZE = 100; }, 0.05f, 0.2f},
+        {"on foot", [](auto&, auto& t) { t.MOBILITY = 0; }, 1.1f, 0.3f},
+        {"aircraft on the ground", [](auto&, auto& t) { t.MOBILITY = 3; }, 1.5f, 0.3f},
+        {"hovering", [](auto&, auto& t) { t.MOBILITY = 3, t.MOVESTATUS = 8; }, 0.9f, 0.3f},
+        {"guns", [](auto&, auto& t) { t.TYPE = 10; }, 1.2f, 0.8f},
+        {"headquarters", [](auto&, auto& t) { t.TYPE = 18; }, 1, 0.8f},
+        {"depot of a brigade", [](auto&, auto& t) { t.TYPE = 13, t.SIZE = 4; }, 0.2f * 0.1f, 0.8f * 0.2f},
+        {"depot of a division", [](auto&, auto& t) { t.TYPE = 13, t.SIZE = 5; }, 0.1f * 0.05f, 0.8f * 0.2f},
+        {"depot of a battalion", [](auto&, auto& t) { t.TYPE = 13; }, 1, 0.8f},
+        {"out of touch", [](auto& f, auto&) { f.C2 = 0; }, 0.5f, 0.65f},
+        {"jammed", [](auto& f, auto&) { f.EWSTATUS = 10; }, 0.66f, 1},
+        {"controlled, target in a breach", [](auto& f, auto& t) { f.UCONTROL = 1, t.TACOPN = 2; }, 0.6f, 0.9f},
+    };
+    for (const Row& row : rows) {
+        Duel duel;
+        UNIT[duel.TARGET].RCP2 = 1000;   // far from every ceiling
+        const float ordinary = Artillery_Attack(duel.FIRER, duel.TARGET, 4);
+        UNIT[duel.FIRER].FATIGUE = 2;
+        row.CHANGE(UNIT[duel.FIRER], UNIT[duel.TARGET]);
+        const float changed = Artillery_Attack(duel.FIRER, duel.TARGET, 4);
+        EXPECT_NEAR(changed / ordinary, row.WANTED / row.BASE, 1e-5) << row.NAME;
+    }
+}
+
+TEST(ArtilleryAttack, OnlyConvoysAndLoneSystemsLoseMoreThanAFifth)
+{
+    Duel duel;
+    UNIT[duel.FIRER].RCP2 = 10000;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 2.0f);
+    UNIT[duel.TARGET].SIZE = 0;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 10.0f);
+    UNIT[duel.TARGET].SIZE = 100;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 10.0f);
+    UNIT[duel.TARGET].SIZE = 3;
+    UNIT[duel.FIRER].RCP2 = 0.001f;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 0.01f);   // a hit costs something
+    UNIT[duel.TARGET].TYPE = 26;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 10.0f);   // a UAV is lost whole
+}
+
+TEST(ArtilleryAttack, NothingIsSaidOfATargetInTheAir)
+{
+    Duel duel;
+    UNIT[duel.TARGET].MOBILITY = 3;
+    UNIT[duel.TARGET].MOVESTATUS = 9;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 0.01f);
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST(ArtilleryAttack, AnActiveTAIDoublesTheEffectAndAFreshOneDoesNot)
+{
+    Duel duel;
+    const float outside = Artillery_Attack(duel.FIRER, duel.TARGET, 1);
+    UNIT[duel.FIRER].FATIGUE = 2;
+    GTURN = 2;
+    const int tai = Place_Area(BLUE, 13, 150, 89);   // 39 pixels away; (40 + 40) / 2 = 40 is not near enough
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside * 2);
+    UNIT[duel.FIRER].FATIGUE = 2;
+    P[tai].PY1 = 90;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside);
+    UNIT[duel.FIRER].FATIGUE = 2;
+    P[tai].PY1 = 60;
+    P[tai].PAGE = 1;
+    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside);
+}
+
+TEST(FiresPhase, TheSideThatShootsFirstWithGunsStrikesLastFromTheAir)
+{
+    const auto order = [](int roll) {
+        Board board(40, 40);
+        Next_Roll(roll);
+        const int blue = Place_Battery(board, BLUE, 50, 50), red = Place_Battery(board, RED, 350, 350);
+        Place_Mission(BLUE, 1, 200, 10, blue);
+        Place_Mission(RED, 1, 300, 10, red);
+        Place_Mission(BLUE, 4, 210, 10, 0, 11, 2);
+        Place_Mission(RED, 4, 310, 10, 0, 11, 3);
+        Fires_Phase();
+        std::string seen;
+        for (const Drawing& d : board.SCREEN.DRAWINGS) {
+            if (d.KIND == Draw::IMPACT) seen += d.X2 == 200 ? "b" : "r";
+            if (d.KIND == Draw::CENTRE) seen += d.X1 == 210 ? "B" : "R";
+        }
+        EXPECT_EQ(Count_Used(TG, 1, MAX_TG), 0);
+        EXPECT_EQ(UNIT[blue].FIREMISSION, 0);
+        return seen;
+    };
+    EXPECT_EQ(order(26), "brRB");   // 0.52 rounds to 1
+    EXPECT_EQ(order(73), "brRB");
+    EXPECT_EQ(order(22), "rbBR");   // 0.44 rounds to 0
+    EXPECT_EQ(order(75), "rbBR");   // 1.5 rounds to the even 2
+}
+
+TEST(FiresPhase, OnlyMissionsOfTheTurnAreFlownAndFired)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50);
+    const int later = Place_Mission(BLUE, 1, 200, 10, battery);
+    TG[later].TGTOT = GTURN + 1;
+    const int linked = Place_Mission(BLUE, 1, 200, 10, battery);
+    TG[linked].TGTOT = 1005;
+    Run_Targets(1, 1, 100);
+    Run_Targets(2, 1, 100);
+    EXPECT_TRUE(Used(TG[later]));
+    EXPECT_TRUE(Used(TG[linked]));
+    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 0);
+}
+
+TEST(FireArty, EveryEnemyUnderTheAimPointIsShelled)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50);
+    board.Place(RED, 150, 70);       // 20 pixels, half of its footprint
+    board.Place(RED, 150, 71);       // one too far
+    board.Place(RED, 150, 50, 50);   // the line of communication is no target
+    board.Place(BLUE, 150, 50);
+    const int under = board.Place(RED, 140, 50);
+    const int slot = Place_Mission(BLUE, 1, 150, 50, battery);
+    RFIREF = 0;
+    Fire_Arty(slot);
+    const auto told = Messages();
+    int shelled = 0;
+    for (const auto& text : told) shelled += text.find("BDA:  ") != std::string::npos ? 1 : 0;
+    EXPECT_EQ(shelled, 2);
+    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 2);
+    EXPECT_EQ(UNIT[battery].FACING, 90);
+    EXPECT_EQ(UNIT[under].FIREMISSION, 0);
+}
+
+TEST(FireArty, AnEmptyPlaceIsReportedAsSuch)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50);
+    const int slot = Place_Mission(BLUE, 1, 150, 50, battery);
+    Fire_Arty(slot);
+    EXPECT_TRUE(Posted("Artillery hits target!\rBDA: No casualties!"));
+    EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
+    EXPECT_EQ(SITREPLIST[1].UNIT, 0);
+}
+
+TEST(FireArty, ABatteryThatCannotFireIsNotEvenChecked)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50);
+    const int theirs = Place_Battery(board, RED, 50, 90);
+    RSEED = 10;
+    UNIT[battery].STATUS = 1;
+    Fire_Arty(Place_Mission(BLUE, 1, 150, 50, battery));
+    Fire_Arty(Place_Mission(BLUE, 1, 150, 50, theirs));
+    Fire_Arty(Place_Mission(BLUE, 1, 150, 50, 0));
+    EXPECT_TRUE(Messages().empty());
+    EXPECT_EQ(RSEED, 10);
+}
+
+TEST(MissileDefence, AHitStopsTheMissileAndTheBatteryCanStillBeLocated)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, RED, 50, 50, 0, 10);
+    const int guard = board.Place(BLUE, 200, 50, 3);
+    UNIT[guard].MXRANGE = 10;   // 0.75 x (100 + 40 / 2) = 90 pixels
+    const int under = board.Place(BLUE, 290, 50);
+    const int slot = Place_Mission(RED, 1, 290, 50, battery);
+    Next_Roll(59);   // 59 / 10 is 5: a hit
+    const int before = RSEED;
+    Fire_Arty(slot);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "ADA WARNING: Theater ballistic missile is inbound!"));
+    EXPECT_TRUE(board.SCREEN.Heard("status", "ADA destroys theater ballistic missile!"));
+    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 0);
+    EXPECT_EQ(BARTYL, 0);
+    EXPECT_EQ(Rolls_Since(before), 2);   // missile defence, counterfire
+    EXPECT_EQ(UNIT[under].RCP2, 10.0f);
+}
+
+TEST(MissileDefence, AMissOrAGuardOutOfReachLetsItThrough)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, RED, 50, 50, 0, 10);
+    const int guard = board.Place(BLUE, 200, 50, 3);
+    UNIT[guard].MXRANGE = 10;
+    board.Place(BLUE, 290, 50);
+    Next_Roll(60);
+    Fire_Arty(Place_Mission(RED, 1, 290, 50, battery));
+    EXPECT_TRUE(board.SCREEN.Heard("status", "ADA misses theater ballistic missile!"));
+    EXPECT_GT(BARTYL, 0);
+    board.SCREEN.TOLD.clear();
+    Fire_Arty(Place_Mission(RED, 1, 291, 50, battery));
+    EXPECT_FALSE(board.SCREEN.Heard("status", "ADA engages"));
+}
+
+TEST(SEAD, AMarkerCallsOnKnownAirDefenceWithinFortyPixels)
+{
+    Board board(60, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50, 2);
+    const int near = board.Place(RED, 140, 50, 1), far = board.Place(RED, 59, 91, 1),
+              unknown = board.Place(RED, 110, 50, 1);
+    UNIT[near].SPOTTED = UNIT[far].SPOTTED = 1;
+    Place_Area(BLUE, 17, 100, 50);
+    Preplanned_SEAD();
+    EXPECT_EQ(board.SCREEN.Count("status", "Supporting artillery fires pre-planned SEAD!"), 1);
+    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 1);
+    EXPECT_EQ(UNIT[unknown].SPOTTED, 0);
+    EXPECT_EQ(FireMult, 0);
+    // 20 x 0.3 x 2 = 12; multiplier 4 = 48; offence 0.9 = 43.2; vaguely 0.7 = 30.24; battalion 0.2 = 6.048;
+    // tracks 0.3 = 1.8144; air defence 0.6 = 1.08864; command 0.65 = 0.707616
+    EXPECT_NEAR(RARTYL, 0.707616f, 1e-6f);
+}
+
+TEST(SEAD, ABatteryFiresThreeTimesATurnAtMostAndOnlyOnThatRole)
+{
+    Board board(60, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50, 2);
+    const int busy = Place_Battery(board, BLUE, 50, 60, 2), other = Place_Battery(board, BLUE, 50, 70, 1);
+    UNIT[busy].FIREMISSION = 1;
+    const int target = board.Place(RED, 150, 50, 1);
+    for (int i = 0; i < 5; ++i) Arty_SEAD(target, BLUE);
+    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 3);
+    EXPECT_EQ(UNIT[busy].FIREMISSIONN, 0);
+    EXPECT_EQ(UNIT[other].FIREMISSIONN, 0);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "Supporting artillery fires on-call SEAD!"));
+}
+
+TEST(SEAD, TheComputerNeedsNoMarkersAndFiresAtThreeFold)
+{
+    for (const int play : {3, 4, 34, 0}) {
+        Board board(60, 40);
+        const int blue = Place_Battery(board, BLUE, 50, 50, 2), red = Place_Battery(board, RED, 150, 60, 2);
+        UNIT[board.Place(RED, 150, 50, 1)].SPOTTED = 1;
+        UNIT[board.Place(BLUE, 60, 60, 1)].SPOTTED = 1;
+        PlayType = play;
+        Preplanned_SEAD();
+        EXPECT_EQ(UNIT[blue].FIREMISSIONN, play == 4 || play == 34 ? 1 : 0) << play;
+        EXPECT_EQ(UNIT[red].FIREMISSIONN, play == 3 || play == 34 ? 1 : 0) << play;
+    }
+}
+
+TEST(Counterfire, ChainsEndByTheMissionsOfTheTurnAndLeaveTheMultiplierAsItWas)
+{
+    Board board(60, 40);
+    const int sead = Place_Battery(board, BLUE, 50, 50, 2);
+    const int guns[] = {Place_Battery(board, RED, 150, 60, 1), Place_Battery(board, RED, 150, 70, 1)};
+    Place_Battery(board, BLUE, 50, 60, 1);   // Blue's own counterfire: nobody calls it for an answer
+    const int target = board.Place(RED, 150, 50, 1);
+    UNIT[target].SPOTTED = 1;
+    Place_Area(RED, 18, 50, 50);
+    RFIREF = 100;
+    BFIREF = 100;
+    FireMult = 4;
+    Arty_SEAD(target, BLUE);
+    EXPECT_EQ(FireMult, 4);
+    EXPECT_EQ(UNIT[sead].FIREMISSIONN, 1);
+    EXPECT_EQ(UNIT[guns[0]].FIREMISSIONN, 1);
+    EXPECT_EQ(UNIT[guns[1]].FIREMISSIONN, 1);
+    FireMult = 0;
+    for (int i = 0; i < 4; ++i) Counterfire(sead);
+    EXPECT_EQ(UNIT[guns[0]].FIREMISSIONN, 2);
+    EXPECT_EQ(UNIT[guns[1]].FIREMISSIONN, 2);
+    EXPECT_EQ(FireMult, 0);
+}
+
+TEST(Counterfire, WhoWatchesDecidesWhetherTheBatteryIsLocated)
+{
+    enum Watch { NOBODY, ZONE, ZONE_TOO_FAR, FRIENDS_AT_AIM_POINT, TARGET_ITSELF, COMPUTER };
+    struct Case {
+        Watch WATCH;
+        int MODE, ROLL;
+        bool LOCATED;
+    };
+    const Case cases[] = {
+        {NOBODY, 2, 1, false},
+        {ZONE, 2, 50, true},
+        {ZONE, 2, 51, false},
+        {ZONE, 1, 50, true},
+        {ZONE_TOO_FAR, 2, 1, false},
+        {FRIENDS_AT_AIM_POINT, 2, 50, true},
+        {FRIENDS_AT_AIM_POINT, 1, 50, false},   // the zone at the aim point is that of a planned mission
+        {TARGET_ITSELF, 1, 50, true},
+        {TARGET_ITSELF, 1, 51, false},
+        {COMPUTER, 1, 50, true},
+        {COMPUTER, 2, 51, false},
+    };
+    for (const Case& c : cases) {
+        Board board(60, 40);
+        const int battery = Place_Battery(board, BLUE, 50, 50);
+        const int target = board.Place(RED, 150, 50), friends = board.Place(RED, 190, 50);
+        const int slot = Place_Mission(BLUE, 1, 150, 50, battery);
+        RFIREF = 50;
+        if (c.WATCH == ZONE) Place_Area(RED, 18, 90, 50);   // (40 + 40) / 2 = 40
+        if (c.WATCH == ZONE_TOO_FAR) Place_Area(RED, 18, 91, 50);
+        if (c.WATCH == FRIENDS_AT_AIM_POINT) UNIT[friends].CFZ = 1;
+        if (c.WATCH == TARGET_ITSELF) UNIT[target].CFZ = 1;
+        if (c.WATCH == COMPUTER) PlayType = 3;
+        Next_Roll(c.ROLL);
+        Counterfire_Check(battery, c.MODE == 2 ? slot : target, c.MODE);
+        EXPECT_EQ(Posted("INTREP: Enemy artillery has been located!"), c.LOCATED) << c.WATCH << ' ' << c.ROLL;
+        EXPECT_EQ(UNIT[battery].SPOTTED, c.LOCATED ? 1 : 0);
+        if (c.LOCATED) {
+            EXPECT_EQ(SITREPLIST[1].SIDE, RED);
+            EXPECT_EQ(SITREPLIST[1].UNIT, 0);
+        }
+    }
+}
+
+TEST(Counterfire, MissileBatteriesAreNotAnswered)
+{
+    Board board(60, 40);
+    const int battery = Place_Battery(board, BLUE, 50, 50, 0, 10);
+    const int guns = Place_Battery(board, RED, 150, 60, 1);
+    UNIT[battery].SPOTTED = 1;
+    Counterfire(battery);
+    EXPECT_EQ(UNIT[guns].FIREMISSIONN, 0);
+    UNIT[battery].TYPE = 9;
+    UNIT[battery].SPOTTED = 0;
+    Counterfire(battery);
+    EXPECT_EQ(UNIT[guns].FIREMISSIONN, 0);
+    UNIT[battery].SPOTTED = 1;
+    Counterfire(battery);
+    EXPECT_EQ(UNIT[guns].FIREMISSIONN, 1);
+    EXPECT_TRUE(Posted("SITREP: R301 fires Counterfire!"));
+}
+
+namespace {
+
+/// What comes of charges on the bridge at cell (10, 5), and the words.
+bool Bridge_Fires(int type, int roll, int enemies_near, bool enemy_on_bridge)
+{
+    Board board({"....................", "....................", "....................", "....................",
+                 ".........=..........", "...................."});
+    const int engineer = board.Place(BLUE, 60, 45, type);
+    for (int i = 0; i < enemies_near; ++i) board.Place(RED, 60, 45);
+    if (enemy_on_bridge) board.Place(RED, 95, 45);
+    const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
+    TG[slot].TGHEX = UNIT[board.Place(BLUE, 95, 45)].HEXNUM;
+    Next_Roll(roll);
+    Run_Targets(2, 1, 100);
+    EXPECT_EQ(UNIT[engineer].FIREMISSION, 0);
+    const bool failed = Posted("SPOTREP: B1reports that bridge demolitions failed!");
+    const bool blown = Posted("SPOTREP: B1 reports bridge is blown at No UTM Data");
+    EXPECT_NE(failed, blown);
+    int pressed = 0;
+    for (const auto& text : Messages())
+        pressed += text.find("attacks bridge demolitions unit!") != std::string::npos;
+    EXPECT_EQ(pressed, enemies_near);
+    return blown;
+}
+
+}   // namespace
+
+TEST(Demolition, EngineersNeedTwoOthersThreeAndEveryEnemyNearTakesOneOff)
+{
+    EXPECT_TRUE(Bridge_Fires(14, 17, 0, false));   // 1.7 rounds to 2
+    EXPECT_FALSE(Bridge_Fires(14, 14, 0, false));
+    EXPECT_TRUE(Bridge_Fires(19, 26, 0, false));
+    EXPECT_FALSE(Bridge_Fires(19, 22, 0, false));
+    EXPECT_TRUE(Bridge_Fires(14, 44, 2, false));    // 4 - 2
+    EXPECT_FALSE(Bridge_Fires(14, 34, 2, false));   // 3 - 2
+    EXPECT_FALSE(Bridge_Fires(14, 100, 0, true));   // the enemy is on it
+    EXPECT_FALSE(Bridge_Fires(8, 100, 0, false));   // guns have no charges
+}
