@@ -193,10 +193,15 @@ void Remove_Unit(int unit)
 
 void Remove_With_Attachments(int unit)
 {
-    for (int v = 1; v <= MAX_UNIT; ++v)
-        if (v != unit && UNIT[v].STATUS > 0 && UNIT[v].PARENT_UNIT == unit) Remove_Unit(v);
+    // Each tie is cut before it is followed: what hangs on an attached unit or a passenger goes too, and a ring ends.
+    for (int v = 1; v <= MAX_UNIT; ++v) {
+        if (v == unit || UNIT[v].STATUS < 1 || UNIT[v].PARENT_UNIT != unit) continue;
+        UNIT[v].PARENT_UNIT = 0;
+        Remove_With_Attachments(v);
+    }
     const int passenger = UNIT[unit].PASSENGER;
-    if (passenger >= 1 && passenger <= MAX_UNIT && passenger != unit) Remove_Unit(passenger);
+    UNIT[unit].PASSENGER = 0;
+    if (passenger >= 1 && passenger <= MAX_UNIT && passenger != unit) Remove_With_Attachments(passenger);
     Remove_Unit(unit);
 }
 
