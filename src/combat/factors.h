@@ -1,6 +1,6 @@
 #pragma once
-// Chains of factors as data. A factor table has one row per line of the printed rule; a chain lists the steps top to
-// bottom, because each product rounds to 32 bits. The chain that decides is the chain that --explain prints.
+// Chains of factors as data. A factor table has one row per line of the printed rule; a chain lists the steps top
+// to bottom, because each product rounds to 32 bits. The chain that decides is the chain that --explain prints.
 
 #include "core/explain.h"
 
@@ -53,8 +53,8 @@ constexpr int Modifier_Of(const MODIFIER_ROW (&rows)[N], int code)
     return Value_Of(rows, code, 0);
 }
 
-/// One step of a chain: what it is called, and its factor (or what it adds) for the numbers it is given: firer and target,
-/// or the one unit that is tested. A step may tell the screen something; it changes nothing of the game.
+/// One step of a chain: what it is called, and its factor (or what it adds) for the numbers it is given: firer and
+/// target, or the one unit that is tested. A step may tell the screen something; it changes nothing of the game.
 template <class Value, class... Numbers>
 struct STEP {
     const char* NAME;

@@ -13,6 +13,13 @@ namespace sm {
 double Distance_Exact(int x1, int y1, int x2, int y2);
 /// The distance rounded half to even, as nearly every rule takes it.
 int Distance_Between(int x1, int y1, int x2, int y2);
+/// Exactly Distance_Between(...) <= reach without the root, for the loops over all units: the root of a whole number
+/// rounds to at most R when the number is at most R x R + R. Points too far apart for 16 bits are not within.
+inline bool Within(int x1, int y1, int x2, int y2, int reach)
+{
+    const long long dx = x2 - x1, dy = y2 - y1, r = reach;
+    return r >= 0 && dx * dx + dy * dy <= r * r + r;
+}
 int Unit_Distance(int unit, int other);
 int Distance_To(int unit, int x, int y);
 /// The distance with its fraction dropped, where a rule says "truncated".
