@@ -14,6 +14,7 @@ namespace sm {
 namespace {
 
 constexpr int BRIDGE_ROW = 7;   // BG.BGTYPE
+constexpr int ATTACK_AVIATION = 11, WAITING_AT_NAI = 7;
 constexpr int CLIENT = 2;
 
 constexpr const char* FSCOORD = "From FSCOORD:";
@@ -125,7 +126,7 @@ bool Order_Target(const TARGET_ORDER& order)
 
 void Cancel_Target(int row)
 {
-    if (!Used(TG[row]) || !May_Order(TG[row].TGSIDE)) return;
+    if (!Used(TG[row]) || !Side_May_Order(TG[row].TGSIDE)) return;
     const int firer = TG[row].FUNIT;
     Delete_Target(row);
     Tell_Seats({33, row, firer});
@@ -174,13 +175,13 @@ bool Plan_Fire_Mission(int battery, int x, int y, int type, int target_class, in
 {
     const int side = UNIT[battery].SIDE;
     const int tot = When_It_Fires(side, when);
-    if (!May_Order(side) || tot == 0 || !Can_Take_Mission(battery, x, y)) return false;
+    if (!Side_May_Order(side) || tot == 0 || !Can_Take_Mission(battery, x, y)) return false;
     return Order_Target({x, y, type, tot, Hex_Number(x, y), target_class, side, 0, battery});
 }
 
 bool Set_Fire_Support(int battery, int role)
 {
-    if (!May_Order(UNIT[battery].SIDE) || role < 0 || role > 3) return false;
+    if (!Side_May_Order(UNIT[battery].SIDE) || role < 0 || role > 3) return false;
     UNIT[battery].FSP = role;
     if (role > 0)
         for (int row = 1; row <= MAX_TG; ++row)
@@ -192,7 +193,7 @@ bool Set_Fire_Support(int battery, int role)
 bool Toggle_CFZ(int unit)
 {
     const int side = UNIT[unit].SIDE;
-    if (!Lives(unit) || !May_Order(side)) return false;
+    if (!Lives(unit) || !Side_May_Order(side)) return false;
     return Toggle(unit, UNIT[unit].CFZ, Of(side, BCFZ, RCFZ), Of(side, BCFZMAX, RCFZMAX),
                   "We have no available CFZ!", 83, 84);
 }
@@ -200,7 +201,7 @@ bool Toggle_CFZ(int unit)
 bool Toggle_SEAD_Priority(int unit)
 {
     const int side = UNIT[unit].SIDE;
-    if (!Lives(unit) || !May_Order(side) || UNIT[unit].MOBILITY != 3) return false;
+    if (!Lives(unit) || !Side_May_Order(side) || UNIT[unit].MOBILITY != 3) return false;
     return Toggle(unit, UNIT[unit].SEADP, Of(side, BSEAD, RSEAD), Of(side, BSEADMAX, RSEADMAX),
                   "We have no available SEAD!", 88, 89);
 }
@@ -215,7 +216,7 @@ int Sorties_Left(int side, int type)
 bool Plan_Air_Mission(int side, int x, int y, int type, int target_class, int sorties, int when)
 {
     const int tot = When_It_Fires(side, when);
-    if (!May_Order(side) || tot == 0 || sorties < 1 || sorties > Sorties_Left(side, type)) return false;
+    if (!Side_May_Order(side) || tot == 0 || sorties < 1 || sorties > Sorties_Left(side, type)) return false;
     return Order_Target({x, y, type, tot, Hex_Number(x, y), target_class, side, sorties, 0});
 }
 
@@ -268,7 +269,7 @@ bool Lay_Charges(int unit, int row)
 bool Plan_Demolition(int unit)
 {
     const UNIT_RECORD& u = UNIT[unit];
-    if (!Lives(unit) || !May_Order(u.SIDE)) return false;
+    if (!Lives(unit) || !Side_May_Order(u.SIDE)) return false;
     if (!Has_Charges(u.TYPE)) return Refuse(ENGINEER, "Unit Cannot Perform This Function!");
     if (u.STATUS != 2) return Refuse(ENGINEER, "Unit Must Be Combat Effective!");
     const Bridge bridge = Nearest_Bridge(unit);
@@ -282,7 +283,7 @@ bool Plan_Demolition(int unit)
 bool Begin_Minefield(int unit)
 {
     const UNIT_RECORD& u = UNIT[unit];
-    if (!Lives(unit) || !May_Order(u.SIDE)) return false;
+    if (!Lives(unit) || !Side_May_Order(u.SIDE)) return false;
     if (GTURN < 1) return Refuse(ENGINEER, "Use the Graphics Menu to emplace obstacles during game start-up!");
     if (u.STATUS != 2 || u.TYPE != 14)
         return Refuse(ENGINEER, "Only combat-effective engineer units can perform this function!");
@@ -298,7 +299,7 @@ bool Begin_Minefield(int unit)
 bool Plan_Minefield(int unit, int x, int y)
 {
     const int side = UNIT[unit].SIDE;
-    if (!Lives(unit) || !May_Order(side)) return false;
+    if (!Lives(unit) || !Side_May_Order(side)) return false;
     MapMode = 0;
     if (Distance_To(unit, x, y) > UNIT[unit].FOOTPRINT / 2)
         return Refuse(ENGINEER, "Planned obstacle must be built within unit footprint!");
@@ -308,6 +309,28 @@ bool Plan_Minefield(int unit, int x, int y)
         return Refuse(ENGINEER, "This tool cannot be used with this type of terrain");
     Log(NetRole == CLIENT ? "Client requests obstacle" : "Host plans obstacle");
     return Order_Target({x, y, OBSTACLE, GTURN + 1, hex, 0, side, 0, unit});
+}
+
+// ---------------------------------------------------------------------------------------------- flights
+
+bool Link_NAI(int unit, int nai)
+{
+    const UNIT_RECORD& u = UNIT[unit];
+    if (!Lives(unit) || !Side_May_Order(u.SIDE) || u.TYPE != ATTACK_AVIATION) return false;
+    if (nai != 0 && (nai < 1 || nai > MAX_P || P[nai].PTYPE != NAI_GRAPHIC || P[nai].PSIDE != u.SIDE))
+        return false;
+    Apply_NAI_Link(unit, nai);
+    Tell_Seats({34, unit, nai});
+    return true;
+}
+
+void Apply_NAI_Link(int unit, int nai)
+{
+    UNIT[unit].NAI = nai;
+    if (nai >= 1)
+        UNIT[unit].MOVESTATUS = WAITING_AT_NAI;
+    else
+        Clear_Route(unit);
 }
 
 }   // namespace sm

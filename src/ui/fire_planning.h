@@ -75,17 +75,4 @@ bool Plan_Minefield(int unit, int x, int y);
 bool Link_NAI(int unit, int nai);
 void Apply_NAI_Link(int unit, int nai);
 
-/// Items 3, 6 and 7 of the plot menu: the next click on a node of the unit's route sets its station, pick-up or
-/// landing zone.
-void Begin_Orbit(int unit);
-void Begin_Pick_Up(int unit);
-void Begin_Landing(int unit);
-/// Station of a collector or attack helicopter, landing zone of a lift unit: a node of its own route.
-bool Set_Landing_Zone(int unit, int node);
-/// Friendly units near a node that a lift unit can pick up. A box tells when there are none.
-std::vector<int> Offer_Passengers(int lift, int node);
-/// Passenger and pick-up zone; the landing zone is asked for next. `Apply_Pick_Up` is what every seat does.
-bool Set_Pick_Up(int lift, int passenger, int node);
-void Apply_Pick_Up(int lift, int passenger, int node);
-
 }   // namespace sm

@@ -15,7 +15,7 @@ namespace sm {
 
 /// Whether this seat gives orders to a side now: the side that it serves, in the editor any side, in a running
 /// turn none.
-inline bool May_Order(int side)
+inline bool Side_May_Order(int side)
 {
     if (SEAT.TurnRunning || (side != BLUE && side != RED)) return false;
     return ActiveSide == side || (ActiveSide == 3 && UserSide == 5);

@@ -307,50 +307,6 @@ TEST(PlanFlight, AHelicopterLinkedToAnNAIWaitsAndAnUnlinkedOneDropsItsRoute)
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
 }
 
-TEST(PlanFlight, StationsAndLandingZonesAreNodesOfTheOwnRoute)
-{
-    Planning board;
-    const int unit = Place_In_The_Air(board, BLUE, 50, 50, 11), other = Place_In_The_Air(board, BLUE, 50, 50, 26);
-    const int node = Place_Node(unit, 1, 100, 100), foreign = Place_Node(other, 1, 100, 100);
-    Begin_Orbit(unit);
-    EXPECT_EQ(MapMode, 16);
-    EXPECT_TRUE(board.Told("From: G-3(Air)", "Click on desired orbit location (movement node)"));
-    Begin_Orbit(other);
-    EXPECT_TRUE(board.Told("From: G-2", "Click on desired orbit location (movement node)"));
-    EXPECT_FALSE(Set_Landing_Zone(unit, foreign));
-    EXPECT_FALSE(Set_Landing_Zone(unit, 0));
-    EXPECT_TRUE(Set_Landing_Zone(unit, node));
-    EXPECT_EQ(UNIT[unit].LZ, node);
-    EXPECT_EQ(MapMode, 0);
-}
-
-TEST(PlanFlight, APassengerStandsNearThePickUpZoneAndTheLandingZoneIsAskedForNext)
-{
-    Planning board;
-    const int lift = Place_In_The_Air(board, BLUE, 50, 50, 12);
-    const int node = Place_Node(lift, 1, 300, 300);
-    Begin_Pick_Up(lift);
-    EXPECT_EQ(MapMode, 301);
-    EXPECT_TRUE(board.Told("From: G-3(AIR)", "Click on desired PZ (movement node)"));
-    EXPECT_TRUE(Offer_Passengers(lift, node).empty());
-    EXPECT_TRUE(board.Told("From: G-3(AIR)", "PZ is not close to any units"));
-    const int near = board.Place(BLUE, 340, 300, 19), far = board.Place(BLUE, 341, 300, 19);
-    board.Place(RED, 300, 300, 19);
-    UNIT[board.Place(BLUE, 300, 300, 19)].PARENT_UNIT = near;
-    Place_In_The_Air(board, BLUE, 300, 300, 11);
-    EXPECT_EQ(Offer_Passengers(lift, node), (std::vector<int>{near}));
-    EXPECT_FALSE(Set_Pick_Up(lift, near, 0));
-    ASSERT_TRUE(Set_Pick_Up(lift, near, node));
-    EXPECT_EQ(UNIT[near].CARRIER, lift);
-    EXPECT_EQ(UNIT[lift].PZ, node);
-    EXPECT_EQ(UNIT[lift].PASSENGER, 0);   // not aboard yet
-    EXPECT_TRUE(board.SCREEN.Heard("status", "B2 will be picked up at this PZ."));
-    EXPECT_TRUE(board.Told("From: G-3(AIR)", "Now click on the node that will serve as the LZ."));
-    EXPECT_EQ(MapMode, 302);
-    UNIT[far].CARRIER = 7;
-    EXPECT_FALSE(Set_Pick_Up(lift, far, node));   // another lift comes for it
-}
-
 TEST(PlanTargets, PlottingAndCancellingWaitForAClick)
 {
     Planning board;
