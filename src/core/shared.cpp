@@ -309,11 +309,18 @@ void Progress_Advance(int n)
 
 void Progress_Advance_Steps(int steps)
 {
-    for (; steps > 0; --steps) {
-        if (SEAT.ProgressValue < SEAT.ProgressMax)
-            ++SEAT.ProgressValue;
-        else
+    const int room = SEAT.ProgressMax - SEAT.ProgressValue;
+    if (steps <= room) {
+        SEAT.ProgressValue += steps;
+    } else {
+        // At the maximum each fourth step raises it by 3, which the next three fill.
+        const int beyond = steps - room, begun = beyond % 4;
+        SEAT.ProgressMax += beyond / 4 * 3;
+        SEAT.ProgressValue = SEAT.ProgressMax;
+        if (begun > 0) {
             SEAT.ProgressMax += 3;
+            SEAT.ProgressValue += begun - 1;
+        }
     }
     Screen().Progress(SEAT.ProgressValue, SEAT.ProgressMax);
 }

@@ -7,6 +7,8 @@
 #include "persist/game_format.h"
 #include "persist/icons.h"
 #include "persist/keyed_text.h"
+#include "persist/read_steps.h"
+#include "persist/record_repeat.h"
 
 #include <array>
 #include <cstring>
@@ -18,90 +20,16 @@ namespace {
 /// How often the screen hears of the progress; the bar itself counts every line.
 constexpr int LINES_A_REPORT = 2000;
 
-/// What a key does beside storing its value: the record's picture goes onto the map.
-struct SIDE_EFFECT {
-    const char* KEY;
-    void (*RUN)(const char* record, ICON_SEARCH& icons);
-};
-void Look_For_Typed(ICON_SEARCH& icons, std::string_view name)
-{
-    if (!name.empty()) Look_For_Icon(icons, name);
-}
-template <class Record>
-const Record& As(const char* record)
-{
-    return *reinterpret_cast<const Record*>(record);
-}
-// clang-format off
-constexpr SIDE_EFFECT SIDE_EFFECTS[] = {
-    {"STATUS",  [](const char* r, ICON_SEARCH& icons) { if (Used(As<UNIT_RECORD>(r))) Look_For_Icon(icons, As<UNIT_RECORD>(r).IMAGE); }},
-    {"PIMAGE",  [](const char* r, ICON_SEARCH& icons) { if (Used(As<P_RECORD>(r))) Look_For_Typed(icons, As<P_RECORD>(r).PIMAGE); }},
-    {"NBCTYPE", [](const char* r, ICON_SEARCH& icons) { Look_For_Typed(icons, NBC_Icon(As<NBC_RECORD>(r).NBCTYPE)); }},
-    {"OVALUE",  [](const char* r, ICON_SEARCH& icons) { Look_For_Typed(icons, Objective_Icon(As<OBJ_RECORD>(r).OTYPE)); }},
-};
-// clang-format on
-
-/// A key as the loop below wants it: everything about it in one place.
-struct STEP {
-    const char* START;
-    int START_BYTES;
-    Kind KIND;
-    int OFFSET, PART, EXPECTED;
-    bool FIRST;
-    const FIELD* TO;
-    void (*SIDE_EFFECT)(const char* record, ICON_SEARCH& icons);
-};
-
-std::vector<STEP> Make_Steps()
-{
-    std::vector<STEP> steps;
-    for (const READ_KEY& key : Read_Keys()) {
-        STEP step{key.START.c_str(),
-                  static_cast<int>(key.START.size()),
-                  key.TO->KIND,
-                  key.TO->OFFSET,
-                  key.PART,
-                  key.EXPECTED,
-                  key.FIRST,
-                  key.TO,
-                  nullptr};
-        for (const auto& effect : SIDE_EFFECTS)
-            if (key.Key() == effect.KEY) step.SIDE_EFFECT = effect.RUN;
-        steps.push_back(step);
-    }
-    return steps;
-}
-
-const std::vector<STEP>& Steps()
-{
-    static const std::vector<STEP> STEPS = Make_Steps();
-    return STEPS;
-}
-
-/// The plain form of a whole number with its line end, as the writer makes it: at most 7 digits, CR LF behind
-/// them. False, with nothing changed, for every other form.
-bool Take_Plain_Number(const char*& at, const char* end, int& value)
-{
-    const char* p = at;
-    while (p < end && *p == ' ') ++p;
-    const bool minus = p < end && *p == '-';
-    if (minus) ++p;
-    const char* const digits = p;
-    int n = 0;
-    for (; p < end && p - digits < 7 && *p >= '0' && *p <= '9'; ++p) n = n * 10 + (*p - '0');
-    if (p == digits || end - p < 2 || p[0] != '\r' || p[1] != '\n' || (minus && n == 0)) return false;
-    value = minus ? -n : n;
-    at = p + 2;
-    return true;
-}
-
 /// One run over a file's text. The key that follows in a file of ours is tried first; any other is looked up.
 struct Reader {
+    const std::vector<STEP>& STEPS = Steps();
+    const std::span<const FILE_PART> PARTS = File_Parts();
     std::string_view REST;
-    int LINE = 0;
-    int EXPECTED = 0;
+    int LINE = 0;       ///< lines taken, the one in hand among them
+    int EXPECTED = 0;   ///< index of the key that follows in a file of ours
     std::array<int, FILE_PARTS> COUNT{};
     std::array<char*, FILE_PARTS> RECORD{};   ///< record in hand, nullptr before a table's first key
+    std::array<RECORD_BEFORE, FILE_PARTS> BEFORE{};
     ICON_SEARCH ICONS;
     bool KNOWN_KEY = false, SECTIONS = false, LAST_KEY = false;
     std::string FAULT;
@@ -112,10 +40,16 @@ struct Reader {
         return number;
     }
 
+    int Fail_At(const STEP& step, int number)
+    {
+        const char* why = number == ERROR_OVERFLOW ? " is too large" : " is not a number";
+        return Fail(number, Cat(step.START.substr(0, step.START.size() - 1), why));
+    }
+
     /// Moves a table on to its next record.
     int Begin_Record(int p)
     {
-        const FILE_PART& part = File_Parts()[p];
+        const FILE_PART& part = PARTS[p];
         if (COUNT[p] >= part.SIZE)
             return Fail(ERROR_RANGE, Cat("more than ", To_Text(part.SIZE), " records of ", part.TABLE));
         RECORD[p] = part.RECORDS + static_cast<std::ptrdiff_t>(COUNT[p]) * part.STRIDE;
@@ -123,66 +57,91 @@ struct Reader {
         return 0;
     }
 
-    int Store(const STEP& step, std::string_view value)
+    /// The key that follows the first lines of a record.
+    static int Key_After(const std::vector<RECORD_LINE>& lines, int count)
     {
-        const int failure = Store_Value(RECORD[step.PART], *step.TO, value);
-        if (failure == 0) return 0;
-        const std::string_view what = failure == ERROR_OVERFLOW ? " is too large for " : " is no number for ";
-        return Fail(failure, Cat("\"", value.substr(0, 40), "\"", what, step.TO->KEY));
+        while (count > 0 && lines[count - 1].TAKE == nullptr) --count;
+        return count > 0 ? lines[count - 1].TAKE->EXPECTED : 0;
     }
 
-    /// Stores the value that follows a known key at `at`, up to and with its line end.
-    int Take_Value(const STEP& step, const char*& at, const char* end)
+    /// Reads a record whose first key's line is `at`, as far as it is laid out as the writer does.
+    int Read_Record(int first, const char* at, const char* end)
     {
-        if (step.FIRST)
-            if (const int failure = Begin_Record(step.PART); failure != 0) return failure;
-        char* const record = RECORD[step.PART];
-        if (record == nullptr)
-            return Fail(ERROR_RANGE, Cat(step.TO->KEY, " stands before the first record of its table"));
+        const int p = STEPS[first].PART;
+        if (const int failure = Begin_Record(p); failure != 0) return failure;
+        const REPEAT_RESULT result = Read_Repeated(p, BEFORE[p], RECORD[p], at, end);
+        const auto& lines = Record_Lines(p);
+        if (const STEP* effect = Side_Effect_Within(p, result.LINES); effect != nullptr)
+            effect->SIDE_EFFECT(RECORD[p], ICONS);
+        EXPECTED = result.WHOLE ? first : Key_After(lines, result.LINES);
+        KNOWN_KEY = true;
+        REST = {at, static_cast<std::size_t>(end - at)};
+        LINE += result.LINES - 1;
+        if (result.FAILURE == 0) return 0;
+        ++LINE;
+        return Fail_At(*lines[result.LINES].TAKE, result.FAILURE);
+    }
 
-        int plain = 0;
-        const char* const value_start = at;
-        int failure = 0;
-        if (step.KIND == Kind::I16 && Take_Plain_Number(at, end, plain) && plain >= -32768 && plain <= 32767) {
-            *reinterpret_cast<Int16*>(record + step.OFFSET) = plain;
-        } else if (step.KIND == Kind::F32 && Take_Plain_Number(at, end, plain)) {
-            *reinterpret_cast<float*>(record + step.OFFSET) = static_cast<float>(plain);
-        } else {
-            std::string_view rest(value_start, static_cast<std::size_t>(end - value_start));
-            failure = Store(step, Trim(Next_Line(rest)));
-            at = end - rest.size();
+    /// Whether the next lines open a record of the part as the writer does; moves `at` to its first key's line.
+    bool Pass_Opening(const STEP& first, const char*& at, const char* end)
+    {
+        const FILE_PART& part = PARTS[first.PART];
+        const char* p = at;
+        int passed = 0;
+        for (const char* opening : {part.RECORD_LINE, part.NUMBER_KEY}) {
+            if (opening == nullptr) continue;
+            if (!Begins_With(p, end, opening)) return false;
+            const void* stop = std::memchr(p, '\n', static_cast<std::size_t>(end - p));
+            if (stop == nullptr) return false;
+            p = static_cast<const char*>(stop) + 1;
+            ++passed;
         }
-        if (failure == 0 && step.SIDE_EFFECT != nullptr) step.SIDE_EFFECT(record, ICONS);
-        return failure;
+        if (!Begins_With(p, end, first.START)) return false;
+        LINE += passed;
+        at = p;
+        return true;
     }
 
     int Read_Line()
     {
         const char* at = REST.data();
         const char* const end = at + REST.size();
-        const STEP* step = &Steps()[EXPECTED];
-        if (end - at >= step->START_BYTES && std::memcmp(at, step->START, step->START_BYTES) == 0) {
-            at += step->START_BYTES;
+        int known = EXPECTED;
+        if (STEPS[known].FIRST && Pass_Opening(STEPS[known], at, end)) return Read_Record(known, at, end);
+        if (Begins_With(at, end, STEPS[known].START)) {
+            at += STEPS[known].START.size();
         } else {
             std::string_view rest = REST;
             const std::string_view line = Next_Line(rest);
-            const std::string_view key = Take_Apart(line).KEY;
-            const int known = Find_Read_Key(key);
+            known = Find_Read_Key(Take_Apart(line).KEY);
             if (known < 0) {
-                SECTIONS = SECTIONS || line == File_Parts()[1].SECTION;
+                SECTIONS = SECTIONS || line == PARTS[1].SECTION;
                 REST = rest;
                 return 0;
             }
-            step = &Steps()[known];
+            if (STEPS[known].FIRST && line.starts_with(STEPS[known].START)) return Read_Record(known, at, end);
             const std::size_t colon = line.find(':');
             at += colon == line.npos ? line.size() : colon + 1;
         }
+        return Read_One_Field(STEPS[known], at, end);
+    }
+
+    /// Stores the value at `at` for a key that stands by itself.
+    int Read_One_Field(const STEP& step, const char* at, const char* end)
+    {
         KNOWN_KEY = true;
-        LAST_KEY = LAST_KEY || step == &Steps().back();
-        EXPECTED = step->EXPECTED;
-        const int failure = Take_Value(*step, at, end);
-        REST.remove_prefix(static_cast<std::size_t>(at - REST.data()));
-        return failure;
+        LAST_KEY = LAST_KEY || &step == &STEPS.back();
+        EXPECTED = step.EXPECTED;
+        BEFORE[step.PART].TEXT = nullptr;
+        if (step.FIRST)
+            if (const int failure = Begin_Record(step.PART); failure != 0) return failure;
+        char* const record = RECORD[step.PART];
+        if (record == nullptr)
+            return Fail(ERROR_RANGE, Cat(step.TO->KEY, " stands before the first record of its table"));
+        if (const int failure = Take_Value(step, record, at, end); failure != 0) return Fail_At(step, failure);
+        if (step.SIDE_EFFECT != nullptr) step.SIDE_EFFECT(record, ICONS);
+        REST = {at, static_cast<std::size_t>(end - at)};
+        return 0;
     }
 
     /// A file that a writer began to lay out has all of it, down to the last key.

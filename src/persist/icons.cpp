@@ -13,6 +13,23 @@
 
 namespace sm {
 
+namespace {
+
+/// The folder is looked up once, and most names are spelt as their files are; the lookup in any spelling is for
+/// the rest.
+bool Icon_There(ICON_SEARCH& search, std::string_view name)
+{
+    if (name.empty()) return false;
+    if (search.FOLDER.empty()) search.FOLDER = Home_Path("\\icons");
+    std::error_code fault;
+    const bool plain =
+        name.find_first_of(std::string_view("\\/\0", 3)) == name.npos && name != "." && name != "..";
+    if (plain && std::filesystem::is_regular_file(search.FOLDER / To_Utf8(name), fault)) return true;
+    return std::filesystem::is_regular_file(Home_Path(Cat("\\icons\\", name)), fault);
+}
+
+}   // namespace
+
 void Look_For_Icon(ICON_SEARCH& search, std::string_view name)
 {
     name = Trim(name);
@@ -20,8 +37,7 @@ void Look_For_Icon(ICON_SEARCH& search, std::string_view name)
     if (at != search.SEEN.end() && *at == name) return;
     search.SEEN.insert(at, std::string(name));
 
-    std::error_code fault;
-    if (!name.empty() && std::filesystem::is_regular_file(Home_Path(Cat("\\icons\\", name)), fault)) return;
+    if (Icon_There(search, name)) return;
     Log(Cat(Failure_Text(ERROR_NO_FILE), ", missing icon: \\icons\\", name));
     if (!search.BOXED) Screen().Box(FAILURE_TITLE, Failure_Text(ERROR_NO_FILE));
     search.BOXED = true;

@@ -1,6 +1,7 @@
 #pragma once
 // The pictures that a load puts on the map. The engine draws none; it tells which are missing.
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@ namespace sm {
 /// One load's look at the icons folder. Each missing icon gets one line in the log, the first of a load also a
 /// box; reading goes on.
 struct ICON_SEARCH {
+    std::filesystem::path FOLDER;    ///< the icons folder, once it was looked up
     std::vector<std::string> SEEN;   ///< names already looked for, in byte order
     bool BOXED = false;
 };

@@ -3,10 +3,16 @@
 
 #include "core/fields.h"
 
+#include <cstring>
 #include <string>
 #include <string_view>
 
 namespace sm {
+
+inline bool Begins_With(const char* at, const char* end, std::string_view start)
+{
+    return end - at >= static_cast<std::ptrdiff_t>(start.size()) && std::memcmp(at, start.data(), start.size()) == 0;
+}
 
 struct KEYED_LINE {
     std::string_view
