@@ -10,6 +10,7 @@
 #include "persist/read_steps.h"
 #include "persist/record_repeat.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -31,7 +32,9 @@ struct Reader {
     std::array<char*, FILE_PARTS> RECORD{};   ///< record in hand, nullptr before a table's first key
     std::array<RECORD_BEFORE, FILE_PARTS> BEFORE{};
     ICON_SEARCH ICONS;
-    bool KNOWN_KEY = false, SECTIONS = false, LAST_KEY = false;
+    bool KNOWN_KEY = false, LAST_KEY = false;
+    std::vector<bool> HEADER_FOUND = std::vector<bool>(Written_Lines(0).size());   ///< by place in the file
+    const STEP* OUTSIDE = nullptr;   ///< key of the first value outside its range
     std::string FAULT;
 
     int Fail(int number, std::string_view why)
@@ -69,7 +72,7 @@ struct Reader {
     {
         const int p = STEPS[first].PART;
         if (const int failure = Begin_Record(p); failure != 0) return failure;
-        const REPEAT_RESULT result = Read_Repeated(p, BEFORE[p], RECORD[p], at, end);
+        const REPEAT_RESULT result = Read_Repeated(p, BEFORE[p], RECORD[p], at, end, OUTSIDE);
         const auto& lines = Record_Lines(p);
         if (const STEP* effect = Side_Effect_Within(p, result.LINES); effect != nullptr)
             effect->SIDE_EFFECT(RECORD[p], ICONS);
@@ -115,7 +118,6 @@ struct Reader {
             const std::string_view line = Next_Line(rest);
             known = Find_Read_Key(Take_Apart(line).KEY);
             if (known < 0) {
-                SECTIONS = SECTIONS || line == PARTS[1].SECTION;
                 REST = rest;
                 return 0;
             }
@@ -131,6 +133,7 @@ struct Reader {
     {
         KNOWN_KEY = true;
         LAST_KEY = LAST_KEY || &step == &STEPS.back();
+        if (step.PART == 0) HEADER_FOUND[static_cast<std::size_t>(&step - STEPS.data())] = true;
         EXPECTED = step.EXPECTED;
         BEFORE[step.PART].TEXT = nullptr;
         if (step.FIRST)
@@ -138,18 +141,36 @@ struct Reader {
         char* const record = RECORD[step.PART];
         if (record == nullptr)
             return Fail(ERROR_RANGE, Cat(step.TO->KEY, " stands before the first record of its table"));
-        if (const int failure = Take_Value(step, record, at, end); failure != 0) return Fail_At(step, failure);
+        if (const int failure = Take_Value(step, record, at, end, OUTSIDE); failure != 0)
+            return Fail_At(step, failure);
         if (step.SIDE_EFFECT != nullptr) step.SIDE_EFFECT(record, ICONS);
         REST = {at, static_cast<std::size_t>(end - at)};
         return 0;
     }
 
-    /// A file that a writer began to lay out has all of it, down to the last key.
+    /// Such a value is no failure of a load, but whoever looks for the cause of a strange battle finds it in the
+    /// log.
+    void Tell_Outside() const
+    {
+        if (OUTSIDE == nullptr) return;
+        const std::string text = Cat("The file holds values outside their range, the first for ",
+                                     OUTSIDE->START.substr(0, OUTSIDE->START.size() - 1));
+        Log(text);
+        Show_Status(text);
+    }
+
+    /// A file by hand may hold as few records as it likes. But one that is complete up to some place, header and all, and
+    /// has nothing behind it, was cut there, and would make a battle of a part of its units.
     int Judge_End()
     {
         if (!KNOWN_KEY) return Fail(ERROR_END_OF_FILE, "no key of a game in the file");
-        if (SECTIONS && !LAST_KEY) return Fail(ERROR_END_OF_FILE, "the file breaks off");
-        return 0;
+        const auto missing = std::count(HEADER_FOUND.begin(), HEADER_FOUND.end(), false);
+        if (LAST_KEY || missing > 1) return 0;   // one is always missing: it is read under another key
+        int p = 1;
+        while (p < FILE_PARTS - 1 && COUNT[p] == PARTS[p].SIZE) ++p;
+        for (++p; p < FILE_PARTS - 1; ++p)
+            if (COUNT[p] > 0) return 0;
+        return Fail(ERROR_END_OF_FILE, "the file breaks off");
     }
 };
 
@@ -177,6 +198,7 @@ int Read_Game_Text(std::string_view text)
     }
     Progress_Advance_Steps(reader.LINE - told);
     if (failure == 0) failure = reader.Judge_End();
+    reader.Tell_Outside();
     if (failure != 0)
         Log(Cat(Failure_Text(failure), ", line ", To_Text(reader.LINE), ": ", reader.FAULT));
     else

@@ -56,7 +56,8 @@ std::vector<STEP> Make_Steps()
 {
     std::vector<STEP> steps;
     for (const READ_KEY& key : Read_Keys()) {
-        STEP step{key.START, key.TO->KIND, key.TO->OFFSET, key.PART, key.EXPECTED, key.FIRST, key.TO, nullptr};
+        STEP step{key.START, key.TO->KIND, key.TO->OFFSET, key.PART,     key.EXPECTED,
+                  key.FIRST, key.TO,       key.TO->LOW,    key.TO->HIGH, nullptr};
         for (const SIDE_EFFECT& effect : SIDE_EFFECTS)
             if (key.Key() == effect.KEY) step.SIDE_EFFECT = effect.RUN;
         steps.push_back(step);
@@ -157,26 +158,33 @@ const STEP* Side_Effect_Within(int part, int lines)
     return WHERE[part] >= 0 && WHERE[part] < lines ? Record_Lines(part)[WHERE[part]].TAKE : nullptr;
 }
 
-int Take_Value(const STEP& step, char* record, const char*& at, const char* end)
+int Take_Value(const STEP& step, char* record, const char*& at, const char* end, const STEP*& outside)
 {
     const char* const value_start = at;
+    const auto note = [&](double number) {
+        if ((number < step.LOW || number > step.HIGH) && outside == nullptr) outside = &step;
+    };
     if (step.KIND == Kind::I16) {
         int whole = 0;
         if (Take_Plain_Whole(at, end, whole) && whole >= -32768 && whole <= 32767) {
             *reinterpret_cast<Int16*>(record + step.OFFSET) = whole;
+            note(whole);
             return 0;
         }
     } else if (step.KIND == Kind::F32) {
         float real = 0;
         if (Take_Plain_Real(at, end, real)) {
             *reinterpret_cast<float*>(record + step.OFFSET) = real;
+            note(static_cast<double>(real));
             return 0;
         }
     }
     std::string_view rest(value_start, static_cast<std::size_t>(end - value_start));
     const std::string_view value = Trim(Next_Line(rest));
     at = end - rest.size();
-    return Store_Value(record, *step.TO, value);
+    const int failure = Store_Value(record, *step.TO, value);
+    if (failure == 0 && step.KIND != Kind::TEXT && step.KIND != Kind::FREE) note(Field_Number(record, *step.TO));
+    return failure;
 }
 
 }   // namespace sm

@@ -50,7 +50,8 @@ const char* Behind_Line(const char* at, const char* end)
 
 }   // namespace
 
-REPEAT_RESULT Read_Repeated(int part, RECORD_BEFORE& before, char* record, const char*& at, const char* end)
+REPEAT_RESULT Read_Repeated(int part, RECORD_BEFORE& before, char* record, const char*& at, const char* end,
+                            const STEP*& outside)
 {
     const std::vector<RECORD_LINE>& lines = Record_Lines(part);
     const std::size_t count = lines.size();
@@ -90,7 +91,7 @@ REPEAT_RESULT Read_Repeated(int part, RECORD_BEFORE& before, char* record, const
         if (expected && lines[line].TAKE == nullptr)
             at = Behind_Line(at, end);
         else if (expected)
-            result.FAILURE = Take_Value(*lines[line].TAKE, record, at += key.size(), end);
+            result.FAILURE = Take_Value(*lines[line].TAKE, record, at += key.size(), end, outside);
         if (!expected || result.FAILURE != 0) {
             Forget_From(lines, line, record);
             before.TEXT = nullptr;

@@ -224,6 +224,8 @@ TEST_F(Game_Reader, AFileThatBreaksOffDoesNotBecomeABattleOfHalfItsUnits)
     EXPECT_EQ(Read_Game_Text(whole), 0);
     for (const char* cut : {"UNIT NUMBER:  312", "========TARGETS", "RBOMBERS"})
         EXPECT_EQ(Read_Game_Text(std::string_view(whole).substr(0, whole.find(cut))), 62) << cut;
+    EXPECT_EQ(Read({"GTURN: 1", "========UNIT INFORMATION=========", "---------NEW UNIT---------", "IMAGE: x"}), 0)
+        << "a short file by hand is a game";
     EXPECT_EQ(Read_Game_Text(""), 62);
     EXPECT_EQ(Read_Game_Text(std::string(100000, '\0')), 62);
     EXPECT_EQ(Read_Game_Text(std::string(3000000, ':')), 62) << "one huge line";
