@@ -186,7 +186,39 @@ void Build_Bridge(int u)
     Post_Own(u, Cat(unit.NAME, ": Bridge is finished!"), 0);
 }
 
+// ---------------------------------------------------------------------------------------------- pictures
+
+bool Is_Water(int x, int y)
+{
+    const int value = Cell_Value(Hex_Number(x, y));
+    const int base = value >= ON_FORT ? value - ON_FORT : value >= ON_MINES ? value - ON_MINES : value;
+    return base == RIVER || base == BRIDGE;
+}
+
+const char* Bridge_Direction(int row)
+{
+    const Point c = Work_Centre(row);
+    const int w = HEXWIDTH;
+    const int north_south = Is_Water(c.X, c.Y - w) + Is_Water(c.X, c.Y + w);
+    const int west_east = Is_Water(c.X - w, c.Y) + Is_Water(c.X + w, c.Y);
+    if (west_east > north_south) return "1";
+    if (north_south == 0 && (Is_Water(c.X - w, c.Y - w) || Is_Water(c.X + w, c.Y + w))) return "2";
+    return "";
+}
+
 }   // namespace
+
+std::string Work_Icon(int row)
+{
+    if (!Used(BG[row])) return "";
+    switch (BG[row].BGTYPE) {
+    case BLOWN: return Cat("blbrdg", Bridge_Direction(row), ".ico");
+    case BRIDGE: return Cat("brdg", Bridge_Direction(row), ".ico");
+    case MINES: return "mine.ico";
+    case FORT: return "fort.ico";
+    default: return "";
+    }
+}
 
 void Obstacle_Recon(int u)
 {

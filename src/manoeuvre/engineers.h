@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 
 namespace sm {
 
@@ -12,5 +13,9 @@ void Lay_Obstacle(int hex, int side);
 void Blow_Bridge(int hex);
 /// The unit's engineer work at the end of a turn: counters, finished fortification, bridge and crossing.
 void Engineer_Work(int unit);
+
+/// Icon file of a row of works, "" for a free one. A bridge lies across its river: "brdg.ico" west to east, "brdg1.ico"
+/// north to south, "brdg2.ico" south-west to north-east.
+std::string Work_Icon(int row);
 
 }   // namespace sm

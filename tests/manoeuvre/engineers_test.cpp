@@ -359,3 +359,27 @@ TEST(Works, AnAssaultCrossingHoldsAUnitTwoTurnsAndAWaitingRetreatRouteWaitsOn)
     Work(waiting, 1);
     EXPECT_EQ(UNIT[waiting].MOVESTATUS, 6);
 }
+
+TEST(Works, ABridgeIsDrawnAcrossItsRiver)
+{
+    struct CASE {
+        std::initializer_list<std::string_view> MAP;
+        const char* ICON;
+    };
+    const CASE cases[] = {
+        {{".~.", ".~.", ".~."}, "brdg.ico"},
+        {{"...", "~~~", "..."}, "brdg1.ico"},
+        {{"~..", ".~.", "..~"}, "brdg2.ico"},
+        {{"..~", ".~.", "~.."}, "brdg.ico"},
+    };
+    for (const CASE& c : cases) {
+        Board board(c.MAP);
+        const int u = board.Place(BLUE, 15, 15, 15);
+        UNIT[u].BRIDGING = 1;
+        Work(u, 1);
+        EXPECT_EQ(Work_Icon(1), c.ICON);
+        Blow_Bridge(Hex_Of(2, 2));
+        EXPECT_EQ(Work_Icon(1), Cat("bl", c.ICON));
+    }
+    EXPECT_EQ(Work_Icon(2), "");
+}
