@@ -140,7 +140,7 @@ TEST(ArtilleryAttack, NothingIsSaidOfATargetInTheAir)
     UNIT[duel.TARGET].MOBILITY = 3;
     UNIT[duel.TARGET].MOVESTATUS = 9;
     EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 0.01f);
-    EXPECT_TRUE(Messages().empty());
+    EXPECT_FALSE(Posted("BDA"));
 }
 
 TEST(ArtilleryAttack, AnActiveTAIDoublesTheEffectAndAFreshOneDoesNot)

@@ -93,12 +93,14 @@ TEST(HelicopterAttack, ACloseAttackIsAnsweredAndADistantOneIsNot)
     Board board(60, 60);
     const int unit = Place_Helicopters(board, 150, 20);
     UNIT[unit].FOOTPRINT = 10;
-    const int target = board.Place(RED, 150, 45);   // 25 pixels: (0 + 40 + 10) / 2
+    const UNIT_RECORD before = UNIT[unit];
+    // 9 % weaker after the attack the target covers 36.4 pixels: it answers up to (0 + 36.4 + 10) / 2 = 23.2.
+    const int target = board.Place(RED, 150, 43);
     AH_Attack(unit, target);
     EXPECT_GT(BADAL, 0);
     BADAL = 0;
-    const int distant = board.Place(RED, 150, 46);
-    UNIT[unit].FIREMISSIONN = 0;
+    const int distant = board.Place(RED, 150, 44);
+    UNIT[unit] = before;
     AH_Attack(unit, distant);
     EXPECT_EQ(BADAL, 0);
 }
