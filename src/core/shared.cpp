@@ -103,10 +103,10 @@ constexpr FOOTPRINT_ROW FOOTPRINT_BY_SIZE[] = {
 
 }   // namespace
 
-void Set_Footprint(int unit)
+float Footprint_Of(int unit)
 {
-    UNIT_RECORD& u = UNIT[unit];
-    if (u.STATUS == 0) return;
+    const UNIT_RECORD& u = UNIT[unit];
+    if (u.STATUS == 0) return u.FOOTPRINT;
     float value = u.FOOTPRINT;
     float floor = 0;
     if (u.TYPE == 18) {
@@ -124,7 +124,14 @@ void Set_Footprint(int unit)
     if (u.TACOPN == 0) value = value / 2;
     if (value < MAPSCALE) value = MAPSCALE;
     if (u.TYPE != 18 && u.SIZE != 100 && HEXWIDTH < 4 && value < 27) value = 27;
-    u.FOOTPRINT = value;
+    return value;
+}
+
+void Set_Footprint(int unit)
+{
+    UNIT_RECORD& u = UNIT[unit];
+    if (u.STATUS == 0) return;
+    u.FOOTPRINT = Footprint_Of(unit);
     if (u.TACOPN != 3) u.LX = u.LY = u.RX = u.RY = 0;
 }
 

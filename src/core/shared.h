@@ -41,6 +41,8 @@ void Place_Off_Picture(int unit);
 /// Target class 1..10 of a role.
 int Target_Class(int type);
 
+/// What Set_Footprint would store now, for a screen that draws a unit without changing it.
+float Footprint_Of(int unit);
 /// FOOTPRINT from SIZE, STRENGTH, TACOPN and MAPSCALE; clears the screen line unless TACOPN is 3.
 void Set_Footprint(int unit);
 /// Ends LX, LY, RX, RY of the screen line from FACING and FOOTPRINT.

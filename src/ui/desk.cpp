@@ -1,0 +1,51 @@
+#include "ui/desk.h"
+
+#include "core/game_state.h"
+#include "core/log.h"
+#include "core/platform.h"
+#include "core/seat.h"
+
+namespace sm {
+
+Desk DESK;
+
+namespace {
+
+Window SILENT;
+Window* IN_USE = &SILENT;
+
+}   // namespace
+
+Window& The_Window() { return *IN_USE; }
+
+void Use_Window(Window* window) { IN_USE = window != nullptr ? window : &SILENT; }
+
+bool Sees_Plans_Of(int side)
+{
+    if (UserSide == 5 || GameOver == -1) return true;
+    if (UserSide == BLUE || UserSide == RED) return side == UserSide;
+    return side == ActiveSide;
+}
+
+int View_Side()
+{
+    if (ViewMode != 0) return ViewMode;
+    if (PlanSide == BLUE || PlanSide == RED) return PlanSide;
+    return UserSide == BLUE || UserSide == RED ? UserSide : BOTH;
+}
+
+void Refresh_Pictures()
+{
+    for (int u = 1; u <= MAX_UNIT; ++u) {
+        if (Show_Unit(u)) Show_Picture(u);
+        else Hide_Picture(u);
+    }
+}
+
+void Tell_Failure(const char* routine, int number, std::string_view what)
+{
+    Log(Cat("Error ", To_Text(number), " in ", routine, ": ", what));
+    Screen().Box("Stonemarch", Cat("Error: ", To_Text(number)));
+}
+
+}   // namespace sm

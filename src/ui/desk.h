@@ -1,0 +1,71 @@
+#pragma once
+// The desk: what the window shows beside the map and the seat's own view. Handlers write it, the window draws it.
+
+#include "core/errors.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sm {
+
+/// Command palettes that replace each other.
+enum class Palette { TYPES, MAIN, ORDERS };
+
+struct Desk {
+    Palette PALETTE = Palette::TYPES;
+    int CoveredFor = 0;        ///< the screen is covered until this side sits down; 0 open
+    int LastSide = 0;          ///< side that planned on this screen last, 0 none since the turn
+    bool PLANNED[3] = {};      ///< side has had the seat since the turn
+    int OVERLAY = 0;           ///< terrain overlay: 0 hidden, 1 and 2 its two kinds
+    bool StatusBox = true;     ///< unit status box shown
+    bool SITREPS = true;       ///< list of situation reports shown
+    bool CENTRING = true;      ///< the map follows the selection
+    int ClickX = -1000, ClickY = -1000;   ///< where the last pile was clicked
+    bool LEAVING = false;      ///< asked to leave in the middle of a turn: no more waiting, no more questions
+    bool CLOSED = false;       ///< the program ends
+    std::uint64_t SavedState = 0;   ///< what a save held last
+};
+extern Desk DESK;
+
+/// What handlers ask of the window beyond core/platform.h. The one in use is a silent one until Use_Window names another.
+class Window {
+public:
+    virtual ~Window() = default;
+    virtual void Desk_Changed() {}
+    virtual void Scroll_Map(int /*columns*/, int /*rows*/) {}   ///< in scrolling steps
+    virtual void Show_Whole_Map() {}
+    virtual void Centre_Map(int /*x*/, int /*y*/) {}            ///< picture pixels
+    virtual void Show_Lines(std::string_view /*title*/, const std::vector<std::string>& /*lines*/) {}
+    virtual void Show_Help(std::string_view /*file*/, std::string_view /*title*/) {}
+    virtual void Show_Keys() {}
+    virtual void Close() {}
+};
+Window& The_Window();
+void Use_Window(Window* window);
+
+/// Whether this seat may see the plans of a side (routes, graphics, all about its units).
+bool Sees_Plans_Of(int side);
+/// Side whose view the map shows: 1, 2, or 3 all.
+int View_Side();
+/// Brings every unit picture in line with the view in force.
+void Refresh_Pictures();
+
+/// A failure of the model as every command tells it: the log names the routine, a box the number.
+void Tell_Failure(const char* routine, int number, std::string_view what);
+
+/// Runs `work`; false when it failed, and the player was told.
+template <class Work>
+bool Guarded(const char* routine, Work&& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const Game_Error& error) {
+        Tell_Failure(routine, error.NUMBER, error.what());
+        return false;
+    }
+}
+
+}   // namespace sm

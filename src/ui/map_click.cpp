@@ -1,0 +1,114 @@
+#include "ui/map_click.h"
+
+#include "core/game_state.h"
+#include "core/platform.h"
+#include "core/seat.h"
+#include "core/shared.h"
+#include "ui/desk.h"
+#include "ui/game_commands.h"
+#include "ui/plot.h"
+#include "ui/selection.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace sm {
+
+namespace {
+
+bool On_The_Picture(int x, int y) { return x >= 0 && y >= 0 && x < Picture_Width() && y < Picture_Height(); }
+
+bool Waits_For_A_Node()
+{
+    return MapMode == MODE_PLOT || MapMode == MODE_ORBIT || MapMode == MODE_PICK_UP_ZONE || MapMode == MODE_LANDING_ZONE;
+}
+
+struct MODE_PROMPT {
+    int MODE;
+    const char* WORDS;
+};
+constexpr MODE_PROMPT PROMPTS[] = {
+    {MODE_MOVE_NODE, "Right-click where the route point shall go."},
+    {MODE_PLOT, "Right-click the map to add route points. Drag a point to move it. Esc ends the plot."},
+    {MODE_PLACE_UNIT, "Right-click where the unit shall stand. Esc leaves it where it is."},
+};
+
+void Redraw_Routes()
+{
+    Screen().Changed(Redraw::ROUTES);
+    The_Window().Desk_Changed();
+}
+
+}   // namespace
+
+int Node_At(int x, int y, int reach)
+{
+    if (!Waits_For_A_Node() || !May_Order(SelUnit)) return 0;
+    int nearest = 0, best = reach + 1;
+    for (int row = 1; row <= MAX_MN; ++row) {
+        if (MN[row].MNUNIT != SelUnit) continue;
+        const int off = std::max(std::abs(MN[row].MNX - x), std::abs(MN[row].MNY - y));
+        if (off >= best) continue;
+        best = off;
+        nearest = row;
+    }
+    return nearest;
+}
+
+void Put_Down_Node(int x, int y)
+{
+    if (MapMode == MODE_MOVE_NODE && On_The_Picture(x, y)) Guarded("Move_Node", [&] { Plot_Map_Click(x, y); });
+    Redraw_Routes();
+}
+
+bool Map_Click(int x, int y, int reach, int node_reach)
+{
+    if (DESK.CoveredFor != 0 || GameLoaded == 0) return false;
+    if (const int row = Node_At(x, y, node_reach); row > 0 && Plot_Node_Click(row)) {
+        Redraw_Routes();
+        return true;
+    }
+    return Select_At(x, y, reach);
+}
+
+Order_Click Map_Order_Click(int x, int y)
+{
+    if (DESK.CoveredFor != 0 || GameLoaded == 0 || !May_Order(SelUnit) || !On_The_Picture(x, y))
+        return Order_Click::NOTHING;
+    if (MapMode == 0) return Order_Click::MENU;
+    bool taken = false;
+    Guarded("Plot_Map_Click", [&] { taken = Plot_Map_Click(x, y); });
+    Show_Status(Map_Mode_Prompt());
+    Redraw_Routes();
+    return taken ? Order_Click::DONE : Order_Click::NOTHING;
+}
+
+void Step_Back()
+{
+    if (DESK.CoveredFor != 0) {
+        cmdStayOut_Click();
+    } else if (MapMode == MODE_MOVE_NODE) {
+        SEAT.PickedNode = 0;
+        MapMode = MODE_PLOT;
+    } else if (MapMode != 0) {
+        MapMode = 0;
+    } else if (DrawMode != 0) {
+        DrawMode = 0;
+    } else if (SelUnit != 0) {
+        Get_Unit(0);
+    } else {
+        cmdEnd_Click();
+        return;
+    }
+    Show_Status(Map_Mode_Prompt());
+    Redraw_Routes();
+}
+
+const char* Map_Mode_Prompt()
+{
+    for (const MODE_PROMPT& p : PROMPTS)
+        if (p.MODE == MapMode) return p.WORDS;
+    return "";
+}
+
+}   // namespace sm

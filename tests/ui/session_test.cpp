@@ -1,0 +1,306 @@
+#include "core/seat.h"
+#include "core/session.h"
+#include "core/state_hash.h"
+#include "support/board.h"
+#include "support/small_battle.h"
+#include "ui/commands.h"
+#include "ui/game_commands.h"
+#include "ui/map_click.h"
+#include "ui/plot.h"
+#include "ui/selection.h"
+#include "ui/session_mark.h"
+
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+class Recorder : public Window {
+public:
+    int CENTRED = 0, CLOSED = 0, X = 0, Y = 0;
+    std::string SHOWN;
+    std::vector<std::string> LINES;
+    void Centre_Map(int x, int y) override
+    {
+        ++CENTRED;
+        X = x;
+        Y = y;
+    }
+    void Show_Lines(std::string_view title, const std::vector<std::string>& lines) override
+    {
+        SHOWN = title;
+        LINES = lines;
+    }
+    void Close() override { ++CLOSED; }
+};
+
+/// The program with its program folder, at the list of game types.
+class Program : public testing::Test {
+protected:
+    Program()
+    {
+        SCENARIO = Save_Small_Battle(HOME).string();
+        DESK = Desk{};
+        Set_Start_Defaults();
+        SEAT.WritesFiles = true;
+        Use_Screen(&SCREEN);
+        Use_Window(&WINDOW);
+        SCREEN.RECORDING = true;
+    }
+    ~Program() override
+    {
+        Close_Session_Mark();
+        Use_Window(nullptr);
+        Use_Screen(nullptr);
+        Clear_Game();
+    }
+    void Open()
+    {
+        SCREEN.FILES = {SCENARIO};
+        optGameType_Click(0);
+        ASSERT_EQ(GameLoaded, -1);
+    }
+    std::string Saved(const char* name) const { return (HOME / "Saved Games" / name).string(); }
+
+    Scratch_Home HOME;
+    Headless_Platform SCREEN;
+    Recorder WINDOW;
+    std::string SCENARIO;
+};
+
+}   // namespace
+
+TEST_F(Program, ANewcomerPlansBothSidesRunsATurnSavesAndGoesOn)
+{
+    SCREEN.FILES = {SCENARIO};
+    optGameType_Click(0);
+    EXPECT_TRUE(SCREEN.Heard("ask", "Do you want to start a new game? \rAnswer NO if you want to load a previously saved game."));
+    EXPECT_TRUE(SCREEN.Heard("file", "Open New Game|Scenarios|Scenario Files (*.sce)|*.sce|Saved Game Files (*.btl)|*.btl"));
+    ASSERT_EQ(GameLoaded, -1);
+    EXPECT_EQ(ActiveSide, BLUE);
+    EXPECT_EQ(DESK.PALETTE, Palette::ORDERS);
+    EXPECT_EQ(WindowTitle, "Stonemarch -- Two-Player Hotseat");
+    EXPECT_TRUE(SCREEN.Heard("sound", ""));
+
+    // Blue sends its armour 60 pixels (10 cells) east.
+    ASSERT_TRUE(Map_Click(405, 440, 8, 5));
+    EXPECT_EQ(SelUnit, 2);
+    ASSERT_TRUE(Run_Command(Cmd::PLOT));
+    EXPECT_EQ(Map_Order_Click(465, 440), Order_Click::DONE);
+    EXPECT_EQ(UNIT[2].NUMBER_OF_NODES, 1);
+
+    // Red sits down behind the cover.
+    ASSERT_TRUE(Run_Command(Cmd::HAND_OVER));
+    EXPECT_EQ(DESK.CoveredFor, RED);
+    EXPECT_EQ(SelUnit, 0);
+    EXPECT_FALSE(Map_Click(600, 520, 8, 5));
+    cmdUncover_Click();
+    EXPECT_EQ(ActiveSide, RED);
+    ASSERT_TRUE(Map_Click(600, 520, 8, 5));
+    EXPECT_EQ(SelUnit, 302);
+    ASSERT_TRUE(Run_Command(Cmd::PLOT));
+    EXPECT_EQ(Map_Order_Click(540, 520), Order_Click::DONE);
+
+    ASSERT_TRUE(Run_Command(Cmd::GO));
+    EXPECT_EQ(GTURN, 1);
+    EXPECT_EQ(ActiveSide, BOTH);
+    EXPECT_EQ(DESK.PALETTE, Palette::MAIN);
+    EXPECT_GT(UNIT[2].X, 405);
+    EXPECT_LT(UNIT[302].X, 600);
+    EXPECT_TRUE(std::filesystem::exists(Saved("autosave.btl")));
+
+    SCREEN.FILES = {Saved("evening")};
+    ASSERT_TRUE(Run_Command(Cmd::SAVE));
+    ASSERT_TRUE(std::filesystem::exists(Saved("evening.btl")));
+    EXPECT_FALSE(Unsaved_Changes());
+    const int blue_x = UNIT[2].X;
+
+    Run_Command(Cmd::RETURN);
+    EXPECT_EQ(GameLoaded, 0);
+    SCREEN.FILES = {Saved("evening.btl")};
+    optGameType_Click(0);
+    // A turn was played in this session: it is a saved game that is asked for, without the question.
+    EXPECT_TRUE(SCREEN.Heard("file", "Open Saved Game|Saved Games|Saved Game Files (*.btl)|*.btl"));
+    ASSERT_EQ(GameLoaded, -1);
+    EXPECT_EQ(GTURN, 1);
+    EXPECT_EQ(UNIT[2].X, blue_x);
+}
+
+TEST_F(Program, OnlyGameTypesThatAreBuiltCanBeChosen)
+{
+    for (int number = 0; number < GAME_TYPES; ++number) {
+        if (Game_Type_Offered(number)) continue;
+        optGameType_Click(number);
+        EXPECT_EQ(DESK.PALETTE, Palette::TYPES) << number;
+    }
+    EXPECT_EQ(WINDOW.CLOSED, 0);
+    optGameType_Click(6);   // "Exit Game" ends the program at once, unasked
+    EXPECT_EQ(WINDOW.CLOSED, 1);
+    EXPECT_FALSE(SCREEN.Heard("ask", "quit"));
+}
+
+TEST_F(Program, ACancelledDialogLeavesTheGameAsItWas)
+{
+    Open();
+    const auto before = State_Hash();
+    SCREEN.FILES.clear();
+    mnuOpenSaved_Click();
+    EXPECT_FALSE(cmdSavegame_Click());
+    EXPECT_EQ(GameLoaded, -1);
+    EXPECT_EQ(State_Hash(), before);
+}
+
+TEST_F(Program, AMissingGameIsToldAndLeavesNoGame)
+{
+    Open();
+    EXPECT_FALSE(Open_Game_File(Saved("no such game.btl")));
+    EXPECT_TRUE(SCREEN.Heard("box", "Stonemarch|Error: 53"));
+    EXPECT_EQ(GameLoaded, 0);
+    EXPECT_EQ(DESK.PALETTE, Palette::MAIN);
+    EXPECT_FALSE(Command_Allowed(Cmd::GO));
+    EXPECT_TRUE(Command_Allowed(Cmd::OPEN_GAME));
+}
+
+TEST_F(Program, TheCoverHidesUntilTheOtherSideSitsDownAndOnlyThen)
+{
+    Open();
+    cmdSide_Click(BLUE);   // the side that sits there needs no cover
+    EXPECT_EQ(DESK.CoveredFor, 0);
+    cmdSide_Click(RED);
+    EXPECT_EQ(DESK.CoveredFor, RED);
+    EXPECT_EQ(ActiveSide, BLUE);   // nobody has sat down yet
+    EXPECT_FALSE(Command_Allowed(Cmd::GO));
+    EXPECT_FALSE(Command_Allowed(Cmd::VIEW_ALL));
+    EXPECT_TRUE(Run_Command(Cmd::STEP_BACK));
+    EXPECT_EQ(DESK.CoveredFor, 0);
+    cmdSide_Click(RED);
+    cmdUncover_Click();
+    EXPECT_EQ(PlanSide, RED);
+    EXPECT_TRUE(SEAT.PICTURE[301]);
+    EXPECT_FALSE(SEAT.PICTURE[3]);   // Blue's unit 3 is not spotted
+}
+
+TEST_F(Program, TheEndOfPlanningTakesEveryPlanOffTheScreen)
+{
+    Open();
+    Get_Unit(2);
+    Run_Command(Cmd::PLOT);
+    Map_Order_Click(465, 440);
+    cmdEnd_Menu();
+    EXPECT_EQ(ActiveSide, BOTH);
+    EXPECT_EQ(PlanSide, BOTH);
+    EXPECT_EQ(SelUnit, 0);
+    EXPECT_EQ(MapMode, 0);
+    EXPECT_FALSE(Sees_Plans_Of(BLUE));
+    EXPECT_FALSE(Run_Command(Cmd::PLOT));
+    EXPECT_EQ(UNIT[2].NUMBER_OF_NODES, 1);   // the order itself stands
+}
+
+TEST_F(Program, ChangesThatNoSaveHoldsAreAskedAbout)
+{
+    Open();
+    EXPECT_FALSE(Unsaved_Changes());
+    Get_Unit(2);
+    Run_Command(Cmd::VIEW_ALL);
+    EXPECT_FALSE(Unsaved_Changes());   // looking is no change
+    Run_Command(Cmd::TURN_LEFT);
+    EXPECT_TRUE(Unsaved_Changes());
+
+    SCREEN.ANSWERS = {true, true};   // quit: yes; save: yes, but the dialog is cancelled
+    Run_Command(Cmd::EXIT);
+    EXPECT_EQ(WINDOW.CLOSED, 0);
+    SCREEN.ANSWERS = {false};
+    Run_Command(Cmd::EXIT);
+    EXPECT_EQ(WINDOW.CLOSED, 0);
+    SCREEN.ANSWERS = {true, false};   // leaves without saving
+    Run_Command(Cmd::EXIT);
+    EXPECT_EQ(WINDOW.CLOSED, 1);
+}
+
+TEST_F(Program, AFailedSaveKeepsTheQuestionAndTheName)
+{
+    Open();
+    Get_Unit(2);
+    Run_Command(Cmd::TURN_LEFT);
+    const std::string name = GameFileName;
+    SCREEN.FILES = {(HOME / "no such folder" / "game.btl").string()};
+    EXPECT_FALSE(cmdSavegame_Click());
+    EXPECT_EQ(GameFileName, name);
+    EXPECT_TRUE(Unsaved_Changes());
+    EXPECT_GT(SCREEN.Count("box", "Stonemarch|"), 0);
+}
+
+TEST_F(Program, WhileATurnRunsNothingIsOrderedAndLeavingWaitsForItsEnd)
+{
+    Open();
+    Get_Unit(2);
+    struct Impatient : Headless_Platform {
+        bool ALLOWED = false;
+        int ASKED = 0;
+        void Delay(int) override
+        {
+            for (const COMMAND& c : Commands())
+                if ((c.NEEDS & Need::NO_TURN) != 0 && Command_Allowed(c.ID)) ALLOWED = true;
+            ALLOWED = ALLOWED || Map_Order_Click(450, 450) != Order_Click::NOTHING;
+            if (May_Leave()) ALLOWED = true;
+        }
+        bool Ask(std::string_view, std::string_view) override
+        {
+            ++ASKED;
+            return true;
+        }
+    } screen;
+    Use_Screen(&screen);
+    cmdGO_Click();
+    EXPECT_FALSE(screen.ALLOWED);
+    EXPECT_EQ(screen.ASKED, 1);   // once yes, it is not asked again
+    EXPECT_TRUE(DESK.LEAVING);
+    EXPECT_EQ(WINDOW.CLOSED, 1);   // after the turn
+    EXPECT_TRUE(May_Leave());
+}
+
+TEST_F(Program, WhenTheBattleIsOverNobodyPlans)
+{
+    Open();
+    GTURN = MAXGTURN;
+    cmdGO_Click();
+    EXPECT_TRUE(SCREEN.Heard("box", "The Battle is Over!"));
+    EXPECT_FALSE(Command_Allowed(Cmd::SIDE_BLUE));
+    cmdSide_Click(RED);
+    EXPECT_EQ(ActiveSide, BOTH);
+    EXPECT_TRUE(Sees_Plans_Of(RED));
+}
+
+TEST_F(Program, ASessionThatBrokeOffOffersTheStartOfItsLastTurn)
+{
+    int type = -1;
+    EXPECT_FALSE(Open_Session_Mark(type));
+    Open();
+    cmdGO_Click();
+    // The mark as a crash leaves it: the file with its content, nobody's lock on it.
+    const std::string mark = File_Content(HOME / "SM.session");
+    Close_Session_Mark();
+    EXPECT_FALSE(std::filesystem::exists(HOME / "SM.session"));
+    Put_File(HOME / "SM.session", mark);
+    ASSERT_TRUE(Open_Session_Mark(type));
+    EXPECT_EQ(type, 0);
+
+    Clear_Game();
+    SCREEN.ANSWERS = {true};
+    Offer_Autosave(type);
+    EXPECT_TRUE(SCREEN.Heard("ask", "start of its last turn"));
+    EXPECT_EQ(GameLoaded, -1);
+    EXPECT_EQ(GTURN, 0);
+    EXPECT_FALSE(Open_Session_Mark(type));   // told once
+}
+
+TEST_F(Program, ASecondProgramOnTheSameFolderIsOfferedNothing)
+{
+    int type = -1;
+    Open_Session_Mark(type);
+    Mark_Turn(0);
+    const COMMAND_RESULT other = Run_Command("flock -n '" + (HOME / "SM.session").string() + "' true");
+    EXPECT_NE(other.STATUS, 0);   // the lock is held while this program lives
+}

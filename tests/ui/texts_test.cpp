@@ -1,0 +1,248 @@
+#include "core/seat.h"
+#include "support/board.h"
+#include "ui/desk.h"
+#include "ui/hover.h"
+#include "ui/sitreps.h"
+#include "ui/unit_status.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+bool Has(const std::vector<std::string>& lines, std::string_view line)
+{
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+bool Says(int unit, std::string_view line)
+{
+    const Status_Texts t = Unit_Status(unit);
+    return Has(t.LEFT, line) || Has(t.RIGHT, line);
+}
+
+class Texts : public testing::Test {
+protected:
+    Texts()
+    {
+        DESK = Desk{};
+        GameLoaded = -1;
+        ActiveSide = PlanSide = BLUE;
+        u = board.Place(BLUE, 105, 105);
+    }
+    Board board{40, 40};
+    int u = 0;
+};
+
+}   // namespace
+
+TEST_F(Texts, TheStatusOfAUnitIsToldInItsWords)
+{
+    UNIT_RECORD& r = UNIT[u];
+    r.NAME = "1-35 Armor";
+    r.MISSION = "Offense";
+    r.RCP2 = 7.46f;
+    r.STRENGTH = 74.6f;
+    r.MORALE = 3;
+    r.LOGSTATN = 88;
+    r.MOVESTATUS = 2;
+    r.FACING = 45;
+    r.C2 = 2;
+    r.C2D = 33;
+    r.SUPPRESSED = 1;
+    r.FATIGUE = 16;
+    r.MOPP = 2;
+    r.CFZ = 1;
+    const Status_Texts t = Unit_Status(u);
+    EXPECT_EQ(t.LEFT, (std::vector<std::string>{"UNIT: 1-35 Armor", "MISSION: Offense", "CBT POWER: 7.5 -- 75%",
+                                                "MORALE: High", "LOGISTICS: 88%", "SUPPLY CONVOY: None"}));
+    EXPECT_EQ(t.RIGHT, (std::vector<std::string>{"POSTURE: Moving", "FACING: 45 deg", "TERRAIN: Unrestricted",
+                                                 "C2 Status: Average - 33 kms", "SUPPRESSION: Light", "FATIGUE: Tired",
+                                                 "MOPP 2", "CFZ: Yes   |||  SEAD: No", "WSRO: None"}));
+    r.STATUS = 1;
+    EXPECT_TRUE(Says(u, "CBT POWER: 7.5 -- 75% (Combat Ineffective)"));
+}
+
+TEST_F(Texts, BandsMeetExactly)
+{
+    const struct {
+        int FATIGUE;
+        const char* LINE;
+    } fatigue[] = {{0, "Rested"}, {1, "Rested"}, {2, "OK"}, {15, "OK"}, {16, "Tired"}, {21, "Tired"}, {22, "Exhausted"}};
+    for (const auto& f : fatigue) {
+        UNIT[u].FATIGUE = f.FATIGUE;
+        EXPECT_TRUE(Says(u, Cat("FATIGUE: ", f.LINE))) << f.FATIGUE;
+    }
+    const struct {
+        int C2;
+        const char* LINE;
+    } command[] = {{-1, "Bad"}, {0, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
+    for (const auto& c : command) {
+        UNIT[u].C2 = c.C2;
+        EXPECT_EQ(C2_Line(u), Cat("C2 Status: ", c.LINE, " - 0 kms"));
+    }
+    UNIT[u].SUPPRESSED = 9;   // a loss may leave it above the named ones
+    EXPECT_TRUE(Says(u, "SUPPRESSION: Very High"));
+}
+
+TEST_F(Texts, PostureRouteAndTerrainFollowTheRecord)
+{
+    UNIT_RECORD& r = UNIT[u];
+    EXPECT_TRUE(Says(u, "POSTURE: Stationary"));
+    r.MOBILITY = 3;
+    EXPECT_TRUE(Says(u, "POSTURE: Landed"));
+    const struct {
+        int MOVESTATUS;
+        const char* LINE;
+    } posture[] = {{1, "Temporarily Halted"}, {8, "Hovering"}, {9, "Flying"}, {10, "Aborting"}, {11, "Orbiting"}};
+    for (const auto& p : posture) {
+        r.MOVESTATUS = p.MOVESTATUS;
+        EXPECT_TRUE(Says(u, Cat("POSTURE: ", p.LINE)));
+    }
+    r.NUMBER_OF_NODES = 1;
+    r.DISTANCE_TO_END = 14;
+    r.TIME_TO_END = 1;
+    EXPECT_TRUE(Says(u, "DISTANCE: 14 kms"));
+    EXPECT_TRUE(Says(u, "ETA: 1 turn"));
+    r.TIME_TO_END = 3;
+    EXPECT_TRUE(Says(u, "ETA: 3 turns"));
+    Set_Cell(r.HEXNUM, 2, "S. Restricted");   // what the map's author called it
+    EXPECT_TRUE(Says(u, "TERRAIN: Severely Restricted"));
+    Set_Cell(r.HEXNUM, 4, "Urban");
+    EXPECT_TRUE(Says(u, "TERRAIN: Urban"));
+    r.OFFMAP = 1;
+    r.ATIME = 6;
+    EXPECT_TRUE(Says(u, "OFF-MAP: Arrives Game Turn 6"));
+}
+
+TEST_F(Texts, GunsConvoysAndReplacementsHaveLinesOfTheirOwn)
+{
+    const int guns = board.Place(BLUE, 200, 200, 8);
+    UNIT[guns].FIREMISSIONN = 2;
+    UNIT[guns].FSP = 3;
+    EXPECT_TRUE(Says(guns, "AMMO: 50%"));
+    EXPECT_TRUE(Says(guns, "FS ROLE: GS Opportunity Fire"));
+    UNIT[guns].FSP = 0;
+    EXPECT_TRUE(Says(guns, "FS ROLE: Close Support"));
+
+    const int depot = board.Place(BLUE, 200, 220, 13);
+    EXPECT_TRUE(Says(depot, "LOG SUPPLY: 100%"));
+    const int convoy = board.Place(BLUE, 210, 220, 13);
+    UNIT[convoy].SIZE = 100;
+    UNIT[convoy].NAME = "Convoy 1";
+    EXPECT_TRUE(Says(convoy, "Resupplying: None"));
+    UNIT[convoy].CONVOYD = u;
+    EXPECT_TRUE(Says(convoy, "Resupplying: B1"));
+    EXPECT_TRUE(Says(u, "SUPPLY CONVOY: Convoy 1"));
+
+    UNIT[guns].WSRO = u;
+    EXPECT_TRUE(Says(guns, "WSRO: Moving to B1"));
+    EXPECT_TRUE(Says(u, Cat("WSRO: Awaiting arrival of ", UNIT[guns].NAME)));
+}
+
+TEST_F(Texts, TheFirstHindranceOfAUnitIsTheOneNamed)
+{
+    UNIT_RECORD& r = UNIT[u];
+    EXPECT_EQ(Operating_Lines(u).front(), "Status: Operational");
+    r.LOGSTATN = 0;
+    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Low on Supply)");
+    r.SUPPRESSED = 3;
+    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Suppressed)");
+    r.MORALE = 0;
+    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Low Morale)");
+    r.STATUS = 1;
+    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Ineffective)");
+    r.BRIDGING = 2;
+    EXPECT_TRUE(Has(Operating_Lines(u), "Bridging: Yes/2"));
+    r.SENSORT = 3;
+    EXPECT_TRUE(Has(Operating_Lines(u), "Sensor Type: ELINT/EA"));
+}
+
+TEST_F(Texts, OfAnEnemyOnlyWhatCanBeSeenIsTold)
+{
+    const int red = board.Place(RED, 300, 300);
+    UNIT[red].MISSION = "Withdrawal";
+    EXPECT_FALSE(Says(red, "MISSION: Withdrawal"));
+    EXPECT_FALSE(Says(red, "MORALE: Average"));
+    EXPECT_TRUE(Says(red, "POSTURE: Stationary"));
+    ActiveSide = PlanSide = RED;
+    EXPECT_TRUE(Says(red, "MISSION: Withdrawal"));
+    EXPECT_FALSE(Says(u, "MORALE: Average"));
+    ActiveSide = PlanSide = BOTH;   // two players before one screen
+    EXPECT_FALSE(Says(red, "MORALE: Average"));
+}
+
+TEST_F(Texts, ReportsAreListedOldestFirstForTheirReadersOnly)
+{
+    Post_Message(0, "SPOTREP: armor", 100, 100, 0, BLUE);
+    Post_Message(0, "SITREP: red news", 100, 100, 0, RED);
+    Post_Message(0, "Air Strike BDA: hit", 100, 100, 0, BOTH);
+    EXPECT_EQ(Message_Rows({}), (std::vector<int>{1, 3}));
+    EXPECT_EQ(Message_Of(1).TEXT, "SPOTREP: armor");
+    EXPECT_EQ(Message_Of(1).PLACE, "No UTM Data");
+    EXPECT_EQ(Message_Of(3).KIND, Message_Kind::BDA);
+
+    Message_Filter filter;
+    filter.KIND[static_cast<int>(Message_Kind::BDA)] = false;
+    EXPECT_EQ(Message_Rows(filter), (std::vector<int>{1}));
+
+    filter.SIDE = RED;   // a side's own reader cannot ask for the other's
+    EXPECT_EQ(Message_Rows(filter), (std::vector<int>{1}));
+    ViewMode = 3;
+    EXPECT_EQ(Message_Rows(filter), (std::vector<int>{2}));
+}
+
+TEST_F(Texts, TheListGoesRoundAtItsEnd)
+{
+    for (int n = 1; n <= 301; ++n) Post_Message(0, Cat("SITREP: ", To_Text(n)), 100, 100, 0, BOTH);
+    // 299 rows: messages 300 and 301 have taken rows 1 and 2.
+    const auto rows = Message_Rows({});
+    ASSERT_EQ(rows.size(), 299u);
+    EXPECT_EQ(Message_Of(rows.front()).TEXT, "SITREP: 3");
+    EXPECT_EQ(Message_Of(rows.back()).TEXT, "SITREP: 301");
+}
+
+TEST_F(Texts, ThePointerTellsTerrainContaminationAndObject)
+{
+    Show_Picture(u);
+    EXPECT_EQ(Hover(105, 105, 8).LABEL, "B1, Armor Battalion");
+    EXPECT_EQ(Hover(105, 105, 8).UTM, "UTM: No Data");
+    EXPECT_EQ(Hover(105, 105, 8).LAT_LONG, "Lat-Long: No Data");
+    EXPECT_EQ(Hover(305, 305, 8).TERRAIN, "TERRAIN: Unrestricted");
+    EXPECT_EQ(Hover(305, 305, 8).NBC, "NBC: Clear");
+    EXPECT_EQ(Hover(-5, 305, 8).TERRAIN, "");
+
+    NBC[1].NBCTYPE = 21;
+    NBC[1].NBCX = 300;
+    NBC[1].NBCY = 300;
+    NBC[1].NBCSIZE = 40;
+    NBC[1].NBCSIDE = RED;
+    EXPECT_EQ(Hover(305, 305, 8).NBC, "NBC: Clear");   // not seen yet
+    NBC[1].NBCVISIBLE = 1;
+    EXPECT_EQ(Hover(305, 305, 8).NBC, "NBC: Chemical (P)");
+    EXPECT_EQ(Hover(321, 300, 8).NBC, "NBC: Clear");   // 21 pixels from the centre of 40
+
+    OBJ[1].OTYPE = 1;
+    OBJ[1].OX = 200;
+    OBJ[1].OY = 200;
+    OBJ[1].OVALUE = 300;
+    EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is unoccupied!");
+    OBJ[1].OSIDE = 2;
+    EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is in REDFOR hands!");
+
+    P[12].PTYPE = 12;
+    P[12].PSIDE = BLUE;
+    P[12].PX1 = 240;
+    P[12].PY1 = 240;
+    EXPECT_EQ(Hover(240, 240, 8).LABEL, "NAI #12 will be active in 1 turn!");
+    P[12].PAGE = 1;
+    EXPECT_EQ(Hover(240, 240, 8).LABEL, "NAI #12 is active.");
+    P[12].PSIDE = RED;
+    EXPECT_EQ(Hover(240, 240, 8).LABEL, "");
+
+    GameLoaded = 0;
+    EXPECT_EQ(Hover(240, 240, 8).UTM, "UTM: OFF");
+}
