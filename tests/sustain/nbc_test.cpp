@@ -1,0 +1,268 @@
+#include "sustain/nbc.h"
+
+#include "core/invariants.h"
+#include "core/unit_reset.h"
+#include "support/board.h"
+
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// A board of 400 x 400 pixels, 10 to the kilometre; the wind blows from the north unless told.
+struct Field {
+    Board BOARD{40, 40};
+    Field() { WINDD = 0; }
+
+    /// A strike of the target row's kind.
+    void Strike(int type, int x, int y, int side = RED)
+    {
+        TG[5].TGTYPE = type;
+        TG[5].TGSIDE = side;
+        Add_Contamination(5, x, y);
+    }
+    /// A unit of 100 points, 20 pixels wide, at MOPP 0.
+    int Unit_At(int x, int y, int side = BLUE)
+    {
+        const int u = BOARD.Place(side, x, y, 5, 100.0f);
+        UNIT[u].FOOTPRINT = 20;
+        return u;
+    }
+};
+
+/// Loss of a fresh unit of 100 points to an agent, with one state changed.
+template <class Change>
+float Loss(int type, Change&& change)
+{
+    Field f;
+    const int u = f.Unit_At(200, 200);
+    change(UNIT[u]);
+    NBC_Loss(u, type);
+    return BNBCL;
+}
+
+}   // namespace
+
+TEST(NBC, AStrikeMakesOneRowForTheTurnsItLasts)
+{
+    Field f;
+    GTURN = 3;
+    f.Strike(11, 105, 205);
+    f.Strike(21, 305, 205, BLUE);
+    EXPECT_EQ(NBC[1].NBCTYPE, 11);
+    EXPECT_EQ(NBC[1].NBCSTIME, 4);
+    EXPECT_EQ(NBC[1].NBCSIDE, RED);
+    EXPECT_EQ(NBC[1].NBCVISIBLE, 1);
+    EXPECT_EQ(NBC[1].NBCORDER, 1);
+    EXPECT_EQ(NBC[1].NBCSIZE, 20);           // two kilometres
+    EXPECT_EQ(NBC[1].NBCHEX, 10 * 40 + 21);  // column 11, row 21
+    EXPECT_EQ(NBC[2].NBCSTIME, 15);
+    EXPECT_EQ(NBC[2].NBCSIDE, BLUE);
+    Board small(10, 10, 9);
+    TG[5].TGTYPE = 11;
+    Add_Contamination(5, 5, 5);
+    EXPECT_EQ(NBC[1].NBCSIZE, 9);            // small cells: never wider
+    for (int row = 1; row <= MAX_NBC; ++row) NBC[row].NBCTYPE = 20;
+    Add_Contamination(5, 5, 5);              // no row: nothing, and nobody says so
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST(NBC, AgentsReachHalfTheirWidthAndHalfTheFootprint)
+{
+    Field f;
+    const int inside = f.Unit_At(219, 200), outside = f.Unit_At(180, 200), red = f.Unit_At(200, 200, RED);
+    f.Strike(11, 200, 200);   // 10 + 10 = 20: 19 is inside, 20 is not
+    EXPECT_EQ(UNIT[inside].MOPP, 4);
+    EXPECT_EQ(UNIT[outside].MOPP, 0);
+    EXPECT_EQ(UNIT[red].MOPP, 4);          // the wind knows no sides
+    EXPECT_FLOAT_EQ(BNBCL, 5.0f);          // 100 x 0.1 x footprint 0.5
+    EXPECT_FLOAT_EQ(RNBCL, 5.0f);
+    EXPECT_FLOAT_EQ(UNIT[inside].RCP2, 95.0f);
+    EXPECT_TRUE(Posted("B1NBC Losses:  lost 5% destroyed"));
+    EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
+}
+
+TEST(NBC, ProtectionSavesNineTenthsFromACloudAndThreeQuartersFromAPersistentAgent)
+{
+    const auto mopp = [](int level) { return [level](UNIT_RECORD& u) { u.MOPP = level; }; };
+    EXPECT_FLOAT_EQ(Loss(11, mopp(0)), 5.0f);
+    EXPECT_FLOAT_EQ(Loss(11, mopp(2)), 5.0f);
+    EXPECT_FLOAT_EQ(Loss(11, mopp(3)), 0.5f);
+    EXPECT_FLOAT_EQ(Loss(11, mopp(4)), 0.5f);
+    EXPECT_FLOAT_EQ(Loss(21, mopp(0)), 10.0f);
+    EXPECT_FLOAT_EQ(Loss(21, mopp(4)), 2.5f);
+}
+
+TEST(NBC, EachStateOfTheUnitHasItsFactor)
+{
+    // 100 x 0.1 x footprint 0.5 = 5, times the factor of the state.
+    const float morale[] = {6.5f, 6.0f, 5.0f, 4.5f, 4.0f};
+    for (int m = 0; m <= 4; ++m)
+        EXPECT_FLOAT_EQ(Loss(11, [m](UNIT_RECORD& u) { u.MORALE = m; }), morale[m]) << m;
+    struct CASE {
+        int VALUE;
+        float LOSS;
+    };
+    for (const CASE c : {CASE{1, 4.5f}, CASE{2, 5.0f}, CASE{15, 5.0f}, CASE{16, 5.5f}, CASE{21, 5.5f}, CASE{22, 6.5f}})
+        EXPECT_FLOAT_EQ(Loss(11, [c](UNIT_RECORD& u) { u.FATIGUE = c.VALUE; }), c.LOSS) << c.VALUE;
+    for (const CASE c : {CASE{0, 5.0f}, CASE{1, 4.5f}, CASE{2, 4.0f}, CASE{3, 6.0f}, CASE{4, 4.0f}, CASE{5, 6.0f},
+                         CASE{6, 4.0f}, CASE{7, 6.0f}, CASE{10, 5.0f}, CASE{11, 7.0f}, CASE{18, 7.0f}, CASE{21, 2.5f},
+                         CASE{27, 2.5f}, CASE{31, 5.0f}})
+        EXPECT_FLOAT_EQ(Loss(11, [c](UNIT_RECORD& u) { u.TERTYPE = c.VALUE; }), c.LOSS) << c.VALUE;
+    struct WIDTH {
+        float FOOTPRINT, LOSS;
+    };
+    for (const WIDTH w : {WIDTH{0, 10}, WIDTH{2, 10}, WIDTH{2.5f, 5}, WIDTH{3, 8}, WIDTH{5, 8}, WIDTH{5.5f, 5}})
+        EXPECT_FLOAT_EQ(Loss(11, [w](UNIT_RECORD& u) { u.FOOTPRINT = w.FOOTPRINT; }), w.LOSS) << w.FOOTPRINT;
+}
+
+TEST(NBC, ALossIsAtLeastAHundredthAndNeverMoreThanTheUnitHas)
+{
+    EXPECT_FLOAT_EQ(Loss(11, [](UNIT_RECORD& u) { u.RCP2 = 0.1f; }), 0.01f);   // 0.1 x 0.1 x 0.5 is less
+    EXPECT_FLOAT_EQ(Loss(11, [](UNIT_RECORD& u) { u.RCP2 = 0.005f; }), 0.005f);
+    EXPECT_FLOAT_EQ(Loss(11, [](UNIT_RECORD& u) { u.RCP2 = 0; }), 0.0f);
+}
+
+TEST(NBC, APersistentAgentClosesItsGroundForTwelveTurns)
+{
+    Field f;
+    GTURN = 3;
+    f.Strike(21, 200, 200);
+    const int u = f.Unit_At(200, 210);
+    for (GTURN = 4; GTURN <= 14; GTURN += 1) {
+        UNIT[u].RCP2 = 100;
+        UNIT[u].STRENGTH = 100;
+        UNIT[u].STATUS = 2;
+        BNBCL = 0;
+        NBC_Phase();
+        EXPECT_GT(BNBCL, 0.0f) << GTURN;
+    }
+    EXPECT_TRUE(Posted("B1: We are inside a contaminated area!"));
+    BNBCL = 0;
+    NBC_Phase();   // turn 15
+    EXPECT_EQ(BNBCL, 0.0f);
+    EXPECT_EQ(NBC[1].NBCTYPE, 0);
+}
+
+TEST(NBC, ACloudDriftsDownWindAndWidensAtItsFourDrifts)
+{
+    Field f;
+    GTURN = 3;
+    WINDD = 7;   // from the north-west: 10 x 1.5 pixels east and south at a drift
+    f.Strike(11, 100, 100);
+    const int on_the_way = f.Unit_At(160, 160);
+    const int x[] = {115, 130, 145, 160}, size[] = {20, 30, 60, 150};   // 20 x 2/2, x 3/2, x 4/2, x 5/2
+    for (int drift = 0; drift < 4; ++drift) {
+        NBC_Drift(1);
+        EXPECT_EQ(NBC[1].NBCX, x[drift]);
+        EXPECT_EQ(NBC[1].NBCY, x[drift]);
+        EXPECT_EQ(NBC[1].NBCSIZE, size[drift]);
+        EXPECT_EQ(NBC[1].NBCORDER, drift + 2);
+        // At the third drift the unit is 21 pixels off the centre of a cloud 60 wide.
+        EXPECT_EQ(UNIT[on_the_way].MOPP, drift < 2 ? 0 : 4) << drift;
+    }
+    EXPECT_EQ(NBC[1].NBCHEX, 16 * 40 + 17);
+    GTURN = 5;   // past its turn
+    NBC_Drift(1);
+    EXPECT_EQ(NBC[1].NBCTYPE, 0);
+}
+
+TEST(NBC, TheWindIsNamedForWhereItComesFrom)
+{
+    const Point after[] = {{200, 215}, {185, 215}, {185, 200}, {185, 185}, {200, 185}, {215, 185}, {215, 200}, {215, 215}};
+    for (int wind = -1; wind <= 8; ++wind) {
+        Field f;
+        WINDD = wind;
+        f.Strike(11, 200, 200);
+        NBC_Drift(1);
+        const Point expected = wind >= 0 && wind <= 7 ? after[wind] : Point{200, 200};
+        EXPECT_EQ(NBC[1].NBCX, expected.X) << wind;
+        EXPECT_EQ(NBC[1].NBCY, expected.Y) << wind;
+    }
+}
+
+TEST(NBC, InQuarterHourTurnsACloudEndsAtTheCheckSinceNoSliceMovesIt)
+{
+    for (const int length : {0, 2}) {
+        Field f;
+        TurnLength = length;
+        GTURN = 3;
+        f.Strike(11, 100, 100);
+        for (GTURN = 4; GTURN <= 5; GTURN += 1) NBC_Phase();
+        EXPECT_EQ(NBC[1].NBCTYPE, length == 2 ? 0 : 11);
+    }
+}
+
+TEST(NBC, ACloudThatLeavesThePictureGoesOn)
+{
+    Field f;
+    f.Strike(11, 200, 392);
+    NBC_Drift(1);
+    EXPECT_EQ(NBC[1].NBCY, 407);
+    EXPECT_EQ(NBC[1].NBCHEX, 0);
+    Remove_NBC(1);
+    EXPECT_EQ(NBC[1].NBCTYPE, 0);
+    EXPECT_TRUE(Broken_Invariants().empty());
+}
+
+TEST(Smoke, AGeneratorLaysALineOfFourGrowingPatches)
+{
+    Field f;
+    WINDD = 6;   // from the west
+    const int u = f.Unit_At(100, 200);
+    Lay_Smoke(u);
+    const int x[] = {100, 115, 130, 145}, size[] = {20, 30, 40, 50};   // 20 x 2/2, 3/2, 4/2, 5/2
+    for (int k = 0; k < 4; ++k) {
+        EXPECT_EQ(NBC[k + 1].NBCTYPE, 20);
+        EXPECT_EQ(NBC[k + 1].NBCX, x[k]);
+        EXPECT_EQ(NBC[k + 1].NBCY, 200);
+        EXPECT_EQ(NBC[k + 1].NBCSIZE, size[k]);
+        EXPECT_EQ(NBC[k + 1].NBCSIDE, BLUE);
+        EXPECT_EQ(NBC[k + 1].NBCVISIBLE, 0);
+    }
+    EXPECT_EQ(NBC[5].NBCTYPE, 0);
+    EXPECT_EQ(UNIT[u].OBSCURED, 1);
+    EXPECT_EQ(UNIT[u].MOPP, 0);   // smoke is no agent
+
+    for (int row = 1; row <= MAX_NBC; ++row) NBC[row].NBCTYPE = row == 9 || row == 30 ? 0 : 21;
+    Lay_Smoke(u);                 // two rows left: the line ends after two
+    EXPECT_EQ(NBC[9].NBCSIZE, 20);
+    EXPECT_EQ(NBC[30].NBCSIZE, 30);
+}
+
+TEST(Smoke, ObscuresToHalfItsWidthAndTenPixelsMore)
+{
+    Field f;
+    WINDD = 9;   // no wind: four patches on one spot, the widest 50
+    const int generator = f.Unit_At(100, 200);
+    const int inside = f.Unit_At(134, 200, RED), outside = f.Unit_At(135, 200, RED);
+    Lay_Smoke(generator);
+    EXPECT_EQ(UNIT[inside].OBSCURED, 1);   // 34 is below 25 + 10
+    EXPECT_EQ(UNIT[outside].OBSCURED, 0);
+    EXPECT_TRUE(Posted("R301: Now inside smoke screen!"));
+    EXPECT_FALSE(Posted("R302"));
+}
+
+TEST(Smoke, LastsATurnAndComesFromSuppliedGeneratorsThatAreSwitchedOn)
+{
+    struct CASE {
+        int TYPE, STATUS, LOGSTATN, SMOKE;
+        bool LAYS;
+    };
+    for (const CASE& c : {CASE{22, 2, 50, 1, true}, CASE{22, 2, 0, 1, false}, CASE{22, 2, 50, 0, false},
+                          CASE{5, 2, 50, 1, false}}) {
+        Field f;
+        const int u = f.Unit_At(100, 200);
+        UNIT[u].TYPE = c.TYPE;
+        UNIT[u].LOGSTATN = c.LOGSTATN;
+        UNIT[u].SMOKE = c.SMOKE;
+        NBC[7].NBCTYPE = 20;   // last turn's
+        NBC[7].NBCX = 300;
+        Reset_Units();
+        EXPECT_EQ(NBC[7].NBCTYPE, 0);
+        EXPECT_EQ(NBC[4].NBCTYPE, c.LAYS ? 20 : 0);
+        EXPECT_EQ(UNIT[u].OBSCURED, c.LAYS ? 1 : 0);
+    }
+}
