@@ -73,6 +73,12 @@ constexpr REFERENCE REFERENCES[] = {
 };
 // clang-format on
 
+/// The rows of the lines of communication: a scenario may leave them free, for they are made when it is opened.
+bool Made_At_Opening(const REFERENCE& reference, int row)
+{
+    return std::string_view(reference.KEY) == "LOGUNIT" && (row == SIDE_UNITS || row == MAX_UNIT);
+}
+
 void Check_References(Checked_Game& read, bool scenario, Fault_List& faults)
 {
     for (const REFERENCE& reference : REFERENCES) {
@@ -85,7 +91,7 @@ void Check_References(Checked_Game& read, bool scenario, Fault_List& faults)
             if (named == 0) continue;
             if (named < 0 || named > target_size)
                 faults.Fault(place.Line(), Cat(place.Words(), ", no row of ", reference.TO));
-            else if (!Row_Used(*read.GAME_READ, reference.TO, named))
+            else if (!Row_Used(*read.GAME_READ, reference.TO, named) && !(scenario && Made_At_Opening(reference, named)))
                 faults.Add(place.Line(), scenario || !reference.STAYS,
                            Cat(place.Words(), ", a free row of ", reference.TO));
         }
