@@ -1,0 +1,213 @@
+// The stock weapons file and scenarios of the build, as the program itself reads them.
+
+#include "core/game_state.h"
+#include "core/icon_names.h"
+#include "core/session.h"
+#include "core/turn_driver.h"
+#include "persist/program_folder.h"
+#include "persist/weapons_file.h"
+#include "support/board.h"
+#include "support/scratch.h"
+#include "terrain/grid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+constexpr int HEADQUARTERS = 18, LOC = 50;
+
+/// The stock content of the build, as it lies there. Nothing is written to it.
+class Stock : public testing::Test {
+protected:
+    Stock()
+    {
+        Clear_Game();
+        Use_Screen(&screen);
+        Set_Program_Folder(home);
+    }
+    ~Stock() override
+    {
+        Use_Screen(nullptr);
+        Clear_Game();
+    }
+    bool Open(const char* scenario)
+    {
+        Set_Start_Defaults();
+        EXPECT_TRUE(Read_Stock_Weapons());
+        Choose_Game_Type(0);
+        GameFileName = (home / "Scenarios" / scenario).string();
+        return Load_Game();
+    }
+
+    const std::filesystem::path home = STONEMARCH_HOME_DIR;
+    Headless_Platform screen;
+};
+
+std::vector<int> Units_Of(int side)
+{
+    std::vector<int> rows;
+    for (int u = 1; u <= MAX_UNIT; ++u)
+        if (UNIT[u].STATUS > 0 && UNIT[u].SIDE == side && UNIT[u].TYPE != LOC) rows.push_back(u);
+    return rows;
+}
+
+bool Has_Role(int side, std::initializer_list<int> roles)
+{
+    const auto units = Units_Of(side);
+    return std::any_of(units.begin(), units.end(), [&](int u) {
+        return std::find(roles.begin(), roles.end(), int{UNIT[u].TYPE}) != roles.end();
+    });
+}
+
+TEST_F(Stock, TheWeaponsFileBeginsWithTheUnitBuildersDefaultAndHasEveryRoleAndSize)
+{
+    ASSERT_TRUE(Read_Stock_Weapons());
+    EXPECT_GE(WPN.Count(), 80);
+    EXPECT_EQ(WPN[1].WPN, "ADA Btry (Avenger)");
+    EXPECT_EQ(WPN[1].NATION, "U.S.");
+    EXPECT_EQ(WPN[1].IMAGE, "bada3.ico");
+    EXPECT_EQ(WPN[1].RIMAGE, "rada3.ico");
+    EXPECT_EQ(WPN[1].RANGE, 4);
+    EXPECT_EQ(WPN[1].MRANGE, 0);
+    EXPECT_EQ(WPN[1].SIZE, 2);
+    EXPECT_EQ(WPN[1].TYPE, 1);
+    EXPECT_EQ(WPN[1].MOBILITY, 1);
+    std::set<int> roles, sizes;
+    std::set<std::string> names;
+    for (int w = 1; w <= WPN.Count(); ++w) {
+        const WPN_RECORD& type = WPN[w];
+        roles.insert(type.TYPE);
+        sizes.insert(type.SIZE);
+        EXPECT_TRUE(names.insert(type.WPN.Str()).second) << type.WPN.Str();
+        EXPECT_EQ(type.IMAGE.Str(), Unit_Icon_Name(BLUE, type.TYPE, type.SIZE)) << type.WPN.Str();
+        EXPECT_EQ(type.RIMAGE.Str(), Unit_Icon_Name(RED, type.TYPE, type.SIZE)) << type.WPN.Str();
+        EXPECT_TRUE(std::filesystem::exists(home / "icons" / type.IMAGE.Str())) << type.IMAGE.Str();
+        EXPECT_TRUE(std::filesystem::exists(home / "icons" / type.RIMAGE.Str())) << type.RIMAGE.Str();
+        EXPECT_GT(type.RCP, 0.0f) << type.WPN.Str();
+    }
+    EXPECT_EQ(roles.size(), 27u) << "roles 0..26";
+    EXPECT_EQ(sizes.size(), 7u) << "squad to corps";
+}
+
+TEST_F(Stock, BothForcesAreCompleteAndEveryUnitHasItsHeadquartersAndSupplierOnItsOwnSide)
+{
+    ASSERT_TRUE(Open("Saale Crossing.sce"));
+    EXPECT_EQ(MAXGTURN, 15);
+    EXPECT_EQ(UNIT[300].TYPE, LOC);
+    EXPECT_EQ(UNIT[600].TYPE, LOC);
+    for (const int side : {BLUE, RED}) {
+        const auto units = Units_Of(side);
+        EXPECT_GE(units.size(), 60u);
+        EXPECT_TRUE(Has_Role(side, {HEADQUARTERS}));
+        EXPECT_TRUE(Has_Role(side, {13})) << "logistics";
+        EXPECT_TRUE(Has_Role(side, {7, 8, 9})) << "artillery";
+        EXPECT_TRUE(Has_Role(side, {1, 2, 3})) << "air defence";
+        EXPECT_TRUE(Has_Role(side, {14})) << "engineers";
+        EXPECT_TRUE(Has_Role(side, {11})) << "attack aviation";
+        EXPECT_TRUE(Has_Role(side, {12})) << "lift";
+        EXPECT_TRUE(Has_Role(side, {16, 17})) << "intelligence";
+        EXPECT_TRUE(Has_Role(side, {24})) << "reconnaissance";
+        int bridges = 0, without_headquarters = 0;
+        for (const int u : units) {
+            const UNIT_RECORD& r = UNIT[u];
+            bridges += r.BRIDGING;
+            if (r.PARENT_UNIT > 0) {
+                EXPECT_EQ(UNIT[r.PARENT_UNIT].SIDE, side) << r.NAME.Str();
+                continue;
+            }
+            if (r.HIGHERHQ == 0) {
+                ++without_headquarters;
+                EXPECT_EQ(r.TYPE, HEADQUARTERS) << r.NAME.Str();
+            } else {
+                EXPECT_EQ(UNIT[r.HIGHERHQ].SIDE, side) << r.NAME.Str();
+                EXPECT_EQ(UNIT[r.HIGHERHQ].TYPE, HEADQUARTERS) << r.NAME.Str();
+            }
+            if (r.LOGUNIT > 0) {
+                EXPECT_EQ(UNIT[r.LOGUNIT].SIDE, side) << r.NAME.Str();
+                EXPECT_TRUE(UNIT[r.LOGUNIT].TYPE == 13 || UNIT[r.LOGUNIT].TYPE == LOC) << r.NAME.Str();
+            }
+        }
+        EXPECT_GT(bridges, 0);
+        EXPECT_EQ(without_headquarters, 1) << "the highest";
+    }
+    EXPECT_GE(Count_Used(OBJ, 1, MAX_OBJ), 10);
+    EXPECT_GE(Count_Used(P, 1, 200), 2);
+    EXPECT_GE(Count_Used(P, 201, 400), 2);
+}
+
+/// The cell of a leg's nth step, by proportion.
+int Cell_Of_Step(int from_x, int from_y, int to_x, int to_y, int step, int steps)
+{
+    const auto at = [&](int a, int b) {
+        return static_cast<int>(std::lround(static_cast<double>(a) + static_cast<double>(step) * (b - a) / steps));
+    };
+    return Hex_Number(at(from_x, to_x), at(from_y, to_y));
+}
+
+TEST_F(Stock, EveryGroundRouteCrossesTheRiversByBridgesAndStaysOffImpassableGround)
+{
+    ASSERT_TRUE(Open("Saale Crossing.sce"));
+    int legs = 0, bridges = 0;
+    for (int u = 1; u <= MAX_UNIT; ++u) {
+        const UNIT_RECORD& r = UNIT[u];
+        if (r.STATUS < 1 || r.MOBILITY > 2) continue;
+        int x = r.X, y = r.Y;
+        for (int n = 1; n <= r.NUMBER_OF_NODES; ++n) {
+            int row = 1;
+            while (row <= MAX_MN && !(MN[row].MNUNIT == u && MN[row].MNUNITNUMBER == n)) ++row;
+            ASSERT_LE(row, MAX_MN) << r.NAME.Str() << " lacks node " << n;
+            const int steps = std::max(std::abs(Hex_Column(MN[row].MNX) - Hex_Column(x)),
+                                       std::abs(Hex_Row(MN[row].MNY) - Hex_Row(y)));
+            for (int k = 1; k <= steps; ++k) {
+                const int value = Cell_Value(Cell_Of_Step(x, y, MN[row].MNX, MN[row].MNY, k, steps));
+                EXPECT_NE(value, 5) << r.NAME.Str() << " leg " << n << " step " << k;
+                EXPECT_FALSE(value == 6 && r.MOBILITY > 0) << r.NAME.Str() << " leg " << n << " step " << k;
+                bridges += value == 7 ? 1 : 0;
+            }
+            x = MN[row].MNX;
+            y = MN[row].MNY;
+            ++legs;
+        }
+    }
+    EXPECT_GT(legs, 100);
+    EXPECT_GT(bridges, 20);
+}
+
+TEST_F(Stock, AfterTenTurnsSomeUnitsOfBothSidesHaveArrivedAndOthersStillMarch)
+{
+    // a turn writes an autosave and a tape: it is played in a folder of its own
+    const Scratch_Folder folder;
+    ASSERT_EQ(Make_Program_Folder(folder.Path(), ""), "");
+    for (const char* part : {"Maps", "Terrain"})
+        std::filesystem::copy(home / part, folder / part, std::filesystem::copy_options::recursive);
+    ASSERT_TRUE(Open("Saale Crossing.sce"));
+    Set_Program_Folder(folder.Path());
+    std::set<int> ordered;
+    for (int u = 1; u <= MAX_UNIT; ++u)
+        if (UNIT[u].STATUS > 0 && UNIT[u].NUMBER_OF_NODES > 0 && UNIT[u].MOBILITY < 3) ordered.insert(u);
+    for (int turn = 1; turn <= 10; ++turn) ASSERT_TRUE(Play_Turn());
+    EXPECT_EQ(GTURN, 10);
+    for (const int side : {BLUE, RED}) {
+        int arrived = 0, marching = 0;
+        for (const int u : ordered) {
+            if (UNIT[u].SIDE != side || UNIT[u].STATUS < 1) continue;
+            if (UNIT[u].NUMBER_OF_NODES == 0)
+                ++arrived;
+            else if (UNIT[u].MOVESTATUS == 1 || UNIT[u].MOVESTATUS == 2)
+                ++marching;
+        }
+        EXPECT_GE(arrived, 5) << "side " << side;
+        EXPECT_GE(marching, 2) << "side " << side;
+    }
+}
+
+}   // namespace
