@@ -8,6 +8,7 @@
 #include "combat/retreat.h"
 #include "core/dice.h"
 #include "core/explain.h"
+#include "core/near_units.h"
 #include "events/events.h"
 #include "sustain/supply.h"
 #include "terrain/sight.h"
@@ -231,7 +232,9 @@ bool Look_For_Contact(LOOK& look)
 {
     UNIT_RECORD& a = UNIT[look.A];
     const bool held_back = a.UCONTROL == 1 && Value_Of(HELD_BACK_ROLES, a.TYPE, false);
-    for (int e = 1; e <= MAX_UNIT; ++e) {
+    const float beyond_contact = held_back ? 6 * MAPSCALE : 0;
+    Near_Rows near(1.0f / 3);
+    while (const int e = near.Next(a.X, a.Y, a.FOOTPRINT / 3 + beyond_contact)) {
         const UNIT_RECORD& enemy = UNIT[e];
         if (!Can_Be_Met(a, enemy)) continue;
         if (held_back && Comes_Too_Near(a, enemy)) a.MOVEPOINTS2 = 0;

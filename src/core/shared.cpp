@@ -1,5 +1,6 @@
 #include "core/shared.h"
 
+#include "core/near_units.h"
 #include "core/platform.h"
 #include "core/seat.h"
 #include "terrain/coordinates.h"
@@ -58,6 +59,7 @@ void Place_Unit(int unit, int x, int y)
     UNIT_RECORD& u = UNIT[unit];
     u.X = x;
     u.Y = y;
+    Note_Place(unit);
     Locate_Unit(unit);
     if (u.HEXNUM > 0) u.TERTYPE = Cell_Value(u.HEXNUM);
     Screen().Unit_Changed(unit);
@@ -132,6 +134,7 @@ void Set_Footprint(int unit)
     UNIT_RECORD& u = UNIT[unit];
     if (u.STATUS == 0) return;
     u.FOOTPRINT = Footprint_Of(unit);
+    Note_Footprint(unit);
     if (u.TACOPN != 3) u.LX = u.LY = u.RX = u.RY = 0;
 }
 
@@ -194,6 +197,7 @@ void Remove_Unit(int unit)
     UNIT[unit] = UNIT_RECORD{};
     UNIT[unit].X = 4000;
     UNIT[unit].Y = 4000;
+    Note_Place(unit);
     Hide_Picture(unit);
     Screen().Unit_Changed(unit);
 }

@@ -1,6 +1,7 @@
 #include "manoeuvre/movement.h"
 
 #include "combat/ground_combat.h"
+#include "core/near_units.h"
 #include "core/platform.h"
 #include "core/shared.h"
 #include "events/events.h"
@@ -107,6 +108,7 @@ int Step_Slice(int unit, unsigned work)
 
 int Ground_Pass(unsigned work)
 {
+    const Places_Watched watched;
     int movers = 0;
     for (int u = 1; u <= MAX_UNIT; ++u) {
         if (UNIT[u].STATUS < 1) continue;

@@ -2,6 +2,7 @@
 
 #include "combat/ground_combat.h"
 #include "combat/retreat.h"
+#include "core/near_units.h"
 #include "core/platform.h"
 #include "core/shared.h"
 #include "intel/area_triggers.h"
@@ -86,16 +87,22 @@ int Congested_Cost(const UNIT_RECORD& u, const UNIT_RECORD& friend_, int cost)
     return cost > u.MOVEPOINTS ? static_cast<int>(u.MOVEPOINTS) : cost;
 }
 
+/// Whether a unit lies within `reach` of (x, y), or (x, y) on its ground: by the distance cut to whole pixels.
+bool Touches(const UNIT_RECORD& other, int x, int y, int reach)
+{
+    const int d = Distance_Truncated(x, y, other.X, other.Y);
+    return d <= reach || d <= Half(other.FOOTPRINT);
+}
+
 /// Enemies overrun at (x, y) surrender; the first friend whose ground is met hinders the step. Returns the cost.
 int Stacking(int unit, int x, int y, int cost)
 {
     const UNIT_RECORD& u = UNIT[unit];
     const int reach = Half(u.FOOTPRINT);
-    for (int j = 1; j <= MAX_UNIT; ++j) {
+    Near_Rows near(0.5f);
+    while (const int j = near.Next(x, y, static_cast<float>(reach))) {
         const UNIT_RECORD& other = UNIT[j];
-        if (other.STATUS < 1) continue;
-        const int d = Distance_Truncated(x, y, other.X, other.Y);
-        if (d > reach && d > Half(other.FOOTPRINT)) continue;
+        if (other.STATUS < 1 || !Touches(other, x, y, reach)) continue;
         if (other.SIDE == 3 - u.SIDE) {
             if (Gives_Up(other, u)) Surrender_Unit(j);
         } else if (j != unit && other.SIDE == u.SIDE) {
@@ -118,7 +125,7 @@ bool Set_Off_Areas(int unit, int x, int y)
     const Int16 graphic = CurGraphic;
     bool goes_on = true;
     for (int g = 1; goes_on && g <= MAX_P; ++g) {
-        if (!Meets_Area(unit, g, x, y)) continue;
+        if (P[g].PTYPE == 0 || !Meets_Area(unit, g, x, y)) continue;
         CurGraphic = g;
         if (P[g].PTYPE == 12) {
             Spot_In_Area(unit);

@@ -231,6 +231,33 @@ TEST(Movement_Stacking, OnlyTheLowestNumberCountsAndTheCostNeverPassesTheAllowan
     EXPECT_EQ(UNIT[convoy].MOVEPOINTS2, 21);
 }
 
+TEST(Movement_Stacking, AnOverrunEnemySurrendersWhenItCannotFight)
+{
+    struct CASE { const char* WHAT; int DY, STATUS, SUPPLY, MOVESTATUS; bool TAKEN; };
+    const CASE cases[] = {
+        {"ineffective, supplied", 20, 1, 100, 0, true},
+        {"ineffective, out of reach", 21, 1, 100, 0, false},
+        {"out of supply", 20, 2, 0, 2, true},
+        {"intact", 20, 2, 1, 0, false},
+        {"ineffective, on its way out", 20, 1, 100, 5, false},
+    };
+    for (const CASE& c : cases) {
+        Board board(20, 20);
+        const int enemy = board.Place(BLUE, 15, 5 + c.DY), beside = board.Place(RED, 15, 5 + c.DY);
+        const int unit = board.Place(RED, 5, 5);
+        UNIT[enemy].STATUS = c.STATUS;
+        UNIT[enemy].LOGSTATN = c.SUPPLY;
+        UNIT[enemy].MOVESTATUS = c.MOVESTATUS;
+        UNIT[beside].FOOTPRINT = 2;
+        Plot(unit, {{15, 5}, {195, 5}});
+        UNIT[unit].MOVESTATUS = 5;   // on a retreat it looks for no contact: only the ground ahead counts
+        Move_Units(unit);
+        EXPECT_EQ(UNIT[enemy].STATUS == 0, c.TAKEN) << c.WHAT;
+        EXPECT_EQ(UNIT[unit].X, 15) << c.WHAT;
+        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.DY == 20 ? 2 : 1) << c.WHAT;   // the friend of a higher number hinders all the same
+    }
+}
+
 TEST(Movement_Refusals, ARiverStopsAllButThoseWhoCanCross)
 {
     for (int type = 0; type <= 26; ++type) {
