@@ -4,7 +4,10 @@
 import os
 import sys
 
-from mapmaker import cover, picture, relief, roads, sources, water
+try:
+    from mapmaker import cover, picture, relief, roads, sources, water
+except ImportError as fault:
+    sys.exit(f"build_map: {fault}; the Debian package python3-pil has it")
 
 
 def build(data, picture_path, terrain_path):
@@ -38,7 +41,7 @@ def main():
         sys.exit(__doc__)
     try:
         build(*sys.argv[1:])
-    except sources.BadData as fault:
+    except (sources.BadData, OSError) as fault:
         sys.exit(f"build_map: {fault}")
 
 

@@ -2,7 +2,7 @@
 
 from PIL import Image, ImageDraw, ImageFont
 
-from .sources import SUB
+from .sources import SUB, BadData
 
 FONTS = "/usr/share/fonts/truetype/dejavu/"
 HALO = (252, 249, 236)
@@ -16,7 +16,10 @@ DIRECTIONS = ("e", "w", "n", "s", "ne", "se", "nw", "sw")
 
 
 def face(name, size):
-    return ImageFont.truetype(FONTS + name, size, layout_engine=ImageFont.Layout.BASIC)
+    try:
+        return ImageFont.truetype(FONTS + name, size, layout_engine=ImageFont.Layout.BASIC)
+    except OSError:
+        raise BadData(f"no font {FONTS + name}; the Debian package fonts-dejavu-core has it") from None
 
 
 class Layout:

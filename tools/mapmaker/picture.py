@@ -241,23 +241,21 @@ def lay_bridges(sheet, image):
 
 
 def lay_grid(sheet, image):
-    """The lines of ten kilometres and the border of the zones, discreet."""
+    """The lines of ten kilometres in each square of the grid and the border of the zones, discreet."""
     frame = sheet.frame
+    px = frame.cell
     mask = Image.new("L", image.size)
-    draw = ImageDraw.Draw(mask)
-    first, step = frame.grid_rows
-    for y in range(first, frame.height, step):
-        draw.line((0, y, frame.width, y), fill=64)
-    for first, step, low, high in frame.grid_columns:
-        for x in range(first, high + 1, step):
-            if x >= low:
-                draw.line((x, 0, x, frame.height), fill=64)
-        for x in range(first, low - 1, -step):
-            if x <= high:
-                draw.line((x, 0, x, frame.height), fill=64)
+    pen = ImageDraw.Draw(mask)
+    for x1, x2, y1, y2, east, north in frame.squares:
+        for x in range(x1, x2, px):
+            if ((x - x1) // px + east) % 10 == 0:
+                pen.line((x, y1, x, y2 - 1), fill=64)
+        for y in range(y1 // px * px, y2, px):
+            if y >= y1 and (north - y // px) % 10 == 0:
+                pen.line((x1, y, x2 - 1, y), fill=64)
     for y in range(0, frame.height, 12):
-        draw.line((frame.zone_border, y, frame.zone_border, y + 6), fill=110)
-    draw.rectangle((0, 0, frame.width - 1, frame.height - 1), outline=200)
+        pen.line((frame.zone_border, y, frame.zone_border, y + 6), fill=110)
+    pen.rectangle((0, 0, frame.width - 1, frame.height - 1), outline=200)
     paint(image, mask, GRID_INK)
 
 

@@ -36,12 +36,10 @@ class Frame:
 
     def __init__(self, path):
         value = {}
-        self.grid_columns = []
+        self.squares = []               # (x1, x2, y1, y2, east, north)
         for number, words in lines_of(path):
-            if words[0] == "grid-columns":
-                self.grid_columns.append(tuple(int(w) for w in words[1:]))
-            elif words[0] == "grid-rows":
-                self.grid_rows = (int(words[1]), int(words[2]))
+            if words[0] == "grid-square" and len(words) == 7:
+                self.squares.append(tuple(int(w) for w in words[1:]))
             elif len(words) == 2:
                 value[words[0]] = words[1]
             else:
