@@ -1,12 +1,14 @@
 // Speed, held against yardsticks taken in the same process on the same machine: the literal loops that a turn's
 // rules ask for, a plain read of a file's bytes, a plain copy of the state's bytes. Status 1 when an aim is
 // missed.
+#include "combat/artillery.h"
 #include "core/game_state.h"
 #include "core/log.h"
 #include "core/seat.h"
 #include "core/session.h"
 #include "core/state_hash.h"
 #include "core/turn_driver.h"
+#include "fires_games.h"
 #include "full_game.h"
 #include "persist/game_file.h"
 #include "persist/program_folder.h"
@@ -35,6 +37,8 @@ constexpr AIM AIMS[] = {
     { "turn_full",    "pairs_25",    0    },
     { "turn_full",    "turn_quarter", 6   },
     { "turn_stock",   "pairs_400",   0    },
+    { "fires_200",    "pairs_25",    0.3  },
+    { "flights_60",   "pairs_400",   0.15 },
     { "load",         "read_bytes",  10   },
     { "save",         "read_bytes",  10   },
     { "save_to_disk", "read_bytes",  0    },
@@ -48,6 +52,8 @@ struct GAMES {
     std::unique_ptr<Game> STOCK = std::make_unique<Game>();
     std::unique_ptr<Game> FULL = std::make_unique<Game>();
     std::unique_ptr<Game> QUARTER = std::make_unique<Game>();
+    std::unique_ptr<Game> FIRES = std::make_unique<Game>();
+    std::unique_ptr<Game> FLIGHTS = std::make_unique<Game>();
     fs::path SCENARIO;
     fs::path SAVED;   // a game file of the stock scenario, and where `save_to_disk` writes
 };
@@ -88,6 +94,15 @@ void Turn_From(benchmark::State& state, const Game& before)
             state.SkipWithError("the turn failed");
             break;
         }
+    }
+}
+
+/// One phase from the same state each time.
+void Phase_From(benchmark::State& state, const Game& before, void (*phase)())
+{
+    for (auto _ : state) {
+        GAME = before;
+        state.SetIterationTime(Seconds_Of(phase));
     }
 }
 
@@ -188,6 +203,10 @@ bool Make_Games(GAMES& games, const fs::path& home)
     *games.FULL = GAME;
     Make_Full_Game(75);
     *games.QUARTER = GAME;
+    Make_Fires_Game();
+    *games.FIRES = GAME;
+    Make_Flights_Game();
+    *games.FLIGHTS = GAME;
     return true;
 }
 
@@ -225,6 +244,15 @@ void Register(const GAMES& games)
     turn("turn_full", games.FULL.get());
     turn("turn_quarter", games.QUARTER.get());
     turn("turn_stock", games.STOCK.get());
+    const auto phase = [](const char* name, const Game* before, void (*run)()) {
+        benchmark::RegisterBenchmark(name,
+                                     [before, run](benchmark::State& state) { Phase_From(state, *before, run); })
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime()
+            ->Iterations(20);
+    };
+    phase("fires_200", games.FIRES.get(), Fires_Phase);
+    phase("flights_60", games.FLIGHTS.get(), Fly_All_Slices);
 
     const Game* const stock = games.STOCK.get();
     const Game* const full = games.FULL.get();

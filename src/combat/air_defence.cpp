@@ -16,14 +16,6 @@ constexpr int AT_STRIKE = 1, AT_INTERCEPTORS = 2;
 /// Bombers of a side with "High Survivability" meet neither fighters nor air defence.
 bool Untouchable(int kind, int side) { return kind == BOMBERS && (side == BLUE ? BBOMBERS : RBOMBERS) == 1; }
 
-/// Lowest attached air defence unit that can fire, 0 none.
-int Attached_Air_Defence(int unit)
-{
-    for (int v = 1; v <= MAX_UNIT; ++v)
-        if (UNIT[v].PARENT_UNIT == unit && Is_Air_Defence(UNIT[v].TYPE) && UNIT[v].STATUS > 1) return v;
-    return 0;
-}
-
 /// Flyers that meet the fire: what an engagement needs to know of them.
 struct Flyers {
     bool SEAD_FIRST;
@@ -83,19 +75,29 @@ bool Air_Defence_Answers(const Flyers& flyers)
 /// Everyone else who can reach the aim point fires what he has.
 void Ground_Units_Answer(const Flyers& flyers)
 {
+    const Attached_Air_Defence attached;
     for (int g = 1; g <= MAX_UNIT; ++g) {
         if (UNIT[g].TYPE < 5 || UNIT[g].TYPE == 50 || !Can_Engage(g, flyers)) continue;
         const int distance = Distance_To(g, flyers.X, flyers.Y);
-        if (distance > Reach_With_Attached_Air_Defence(g)) continue;
+        if (distance > attached.Reach(g)) continue;
         Engage_With(g, flyers, distance);
     }
 }
 
 }   // namespace
 
-float Reach_With_Attached_Air_Defence(int unit)
+Attached_Air_Defence::Attached_Air_Defence()
 {
-    const int attached = Attached_Air_Defence(unit);
+    for (int v = MAX_UNIT; v >= 1; --v) {
+        const int parent = UNIT[v].PARENT_UNIT;
+        if (parent >= 1 && parent <= MAX_UNIT && Is_Air_Defence(UNIT[v].TYPE) && UNIT[v].STATUS > 1)
+            UNIT_OF[parent] = v;
+    }
+}
+
+float Attached_Air_Defence::Reach(int unit) const
+{
+    const int attached = UNIT_OF[unit];
     return attached > 0 ? Weapon_Reach(attached) : UNIT[unit].FOOTPRINT / 2;
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "core/game_state.h"
 
 namespace sm {
 
@@ -18,8 +19,14 @@ struct ADA_SHOT {
 };
 ADA_SHOT ADA_Fire(int distance, int ada_unit, int target, int x, int y, int mode, int slot);
 
-/// Reach of a ground unit against flyers, in pixels: that of its lowest attached air defence unit, else half its
-/// footprint.
-float Reach_With_Attached_Air_Defence(int unit);
+/// The lowest attached air defence unit that can fire, of every unit at once: one walk of the table serves all
+/// who are asked for their reach.
+struct Attached_Air_Defence {
+    Attached_Air_Defence();
+    /// Reach of a ground unit against flyers, in pixels: that of its attached air defence, else half its
+    /// footprint.
+    float Reach(int unit) const;
+    Int16 UNIT_OF[MAX_UNIT + 1];   ///< by parent, 0 none
+};
 
 }   // namespace sm

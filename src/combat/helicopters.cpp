@@ -126,11 +126,12 @@ void Shoot_At_Flyer(int shooter, int flyer, int distance)
 
 void Small_Arms_Pass(int flyer, bool air_defence)
 {
+    const Attached_Air_Defence attached;
     for (int e = 1; e <= MAX_UNIT && Lives(flyer); ++e) {
         const UNIT_RECORD& shooter = UNIT[e];
         if (shooter.SIDE != Other_Side(UNIT[flyer].SIDE) || shooter.STATUS < 2 || shooter.TYPE == 50) continue;
         if (air_defence ? !Is_Air_Defence(shooter.TYPE) : shooter.TYPE < 5) continue;
-        const float reach = air_defence ? shooter.FOOTPRINT / 2 : Reach_With_Attached_Air_Defence(e);
+        const float reach = air_defence ? shooter.FOOTPRINT / 2 : attached.Reach(e);
         const int distance = Unit_Distance(e, flyer);
         if (shooter.FIREMISSIONN >= 3 || distance > reach) continue;
         if (Sees_Flyer(e, flyer, distance)) Shoot_At_Flyer(e, flyer, distance);
