@@ -36,32 +36,38 @@ constexpr STEP<float, int> CHAIN[] = {
 static_assert(In_Order(MORALE) && In_Order(FATIGUE) && In_Order(SUPPRESSION) && In_Order(JAMMED) &&
               In_Order(DISTANCE));
 
-float Power_Of_Air_Defence(int unit, int distance, float state)
+/// A product, printed like the steps of a chain.
+float Times(float product, float factor, const char* name, bool explain)
+{
+    product = product * factor;
+    if (explain) Explain_Factor(name, factor, product);
+    return product;
+}
+
+float Power_Of_Air_Defence(int unit, int distance, bool explain)
 {
     if (UNIT[unit].MXRANGE < 1) UNIT[unit].MXRANGE = 1;
     const float hundredth = 0.01f * static_cast<float>(distance);
     const int code = Round_Even(hundredth / static_cast<float>(UNIT[unit].MXRANGE));
-    const float power = state * UNIT[unit].RCP2 * 10.0f;
-    return power * Factor_Of(DISTANCE, code);
+    float power = Multiply_Out(1.0f, CHAIN, explain, unit);
+    power = Times(power, UNIT[unit].RCP2, "combat power", explain);
+    power = Times(power, 10.0f, "air defence", explain);
+    return Times(power, Factor_Of(DISTANCE, code), "distance", explain);
 }
 
-float Power_Of_Small_Arms(int unit, int mode)
+float Power_Of_Small_Arms(int unit, int mode, bool explain)
 {
-    const float power = UNIT[unit].RCP2 * 0.2f;
-    return mode == AT_STRIKE ? power * 4.0f : power;
+    const float power = Times(UNIT[unit].RCP2, 0.2f, "small arms", explain);
+    return mode == AT_STRIKE ? Times(power, 4.0f, "at a strike", explain) : power;
 }
 
 float Power(int unit, int target, int distance, int mode)
 {
-    if (Explaining(unit, target)) Explain_Line(Cat(UNIT[unit].NAME, " fires at aircraft"));
-    float power =
-        Is_Air_Defence(UNIT[unit].TYPE)
-            ? Power_Of_Air_Defence(unit, distance, Multiply_Out(1.0f, CHAIN, Explaining(unit, target), unit))
-            : Power_Of_Small_Arms(unit, mode);
-    if (TIME_OF_DAY == "Day") power = power * 2.0f;
-    if (Explaining(unit, target))
-        Explain_Line(Cat("  at ", To_Text(distance), " pixels, ", TIME_OF_DAY, ": power ", To_Text(power)));
-    return power;
+    const bool explain = Explaining(unit, target);
+    if (explain) Explain_Line(Cat(UNIT[unit].NAME, " fires at aircraft, ", To_Text(distance), " pixels away"));
+    const float power = Is_Air_Defence(UNIT[unit].TYPE) ? Power_Of_Air_Defence(unit, distance, explain)
+                                                        : Power_Of_Small_Arms(unit, mode, explain);
+    return TIME_OF_DAY == "Day" ? Times(power, 2.0f, "day", explain) : power;
 }
 
 struct Damage {

@@ -75,7 +75,10 @@ const char* BDA(int kind) { return kind == BOMBERS ? "Bomber Mission BDA: " : "A
 float Limited(float loss, int target, int kind)
 {
     const UNIT_RECORD& t = UNIT[target];
-    if (kind == BOMBERS) loss = loss * 4.0f;
+    if (kind == BOMBERS) {
+        loss = loss * 4.0f;
+        if (Explaining(target)) Explain_Factor("bombers", 4.0f, loss);
+    }
     if (kind == AIR_STRIKE) loss = std::min(loss, t.RCP2 * 0.8f);
     if (t.TYPE == 26) loss = t.RCP2;
     loss = std::min(loss, t.RCP2);
@@ -88,10 +91,11 @@ void Attack_Unit(int target, int kind, int slot)
     if (t.STATUS < 1) return;
     const float base = TG[slot].TGHPT == 0 ? 1.8f : 3.0f;
     if (Explaining(target))
-        Explain_Line(Cat("mission ", To_Text(slot), " attacks ", t.NAME, " with ", To_Text(TG[slot].TGNSORTIES),
-                         " sorties of ", To_Text(base)));
-    const float each = Multiply_Out(base, CHAIN, Explaining(target), slot, target);
-    const float loss = Limited(static_cast<float>(TG[slot].TGNSORTIES) * each, target, kind);
+        Explain_Line(Cat("mission ", To_Text(slot), " attacks ", t.NAME, ": ", To_Text(base), " a sortie"));
+    const float sorties = static_cast<float>(TG[slot].TGNSORTIES);
+    const float all = sorties * Multiply_Out(base, CHAIN, Explaining(target), slot, target);
+    if (Explaining(target)) Explain_Factor("sorties", sorties, all);
+    const float loss = Limited(all, target, kind);
     const int percent = Percent_Lost(target, loss);
     if (Explaining(target)) Explain_Line(Cat("  loss ", To_Text(loss), ", ", To_Text(percent), "%"));
     Post_At(target, Cat(BDA(kind), t.NAME, Lost_And_Destroyed(percent)), 2000, BOTH);
@@ -99,12 +103,16 @@ void Attack_Unit(int target, int kind, int slot)
     Apply_Loss(target, loss);
 }
 
-/// Whether a mission against a place hits; bombers aim twice as well.
+/// Whether a mission against a place hits; bombers aim twice as well. It belongs to no unit: it is explained
+/// whoever is.
 bool Hits_Place(int site, float chance, int kind, int slot)
 {
-    const float p = Multiply_Out(chance, CHANCE, false, slot);
+    const bool explain = ExplainUnit != 0;
+    if (explain) Explain_Line(Cat("mission ", To_Text(slot), " attacks a place: chance ", To_Text(chance)));
+    const float p = Multiply_Out(chance, CHANCE, explain, slot);
     const int roll = Roll_Dice(site);
     const float r = kind == BOMBERS ? static_cast<float>(roll) / 2.0f : static_cast<float>(roll);
+    if (explain) Explain_Line(Cat("  roll ", To_Text(r), ", below ", To_Text(p), r < p ? ": hit" : ": missed"));
     return r < p;
 }
 

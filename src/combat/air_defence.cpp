@@ -109,9 +109,11 @@ int Intercept_Check(int unit, int side, int x, int y, int kind, int slot)
     if (unit > 0) roll *= 3;
     const int enemy_air = side == BLUE ? 100 - AIRSUPER : static_cast<int>(AIRSUPER);
     bool intercepted = roll <= enemy_air || (kind == BOMBERS && roll >= 95);
-    if (Explaining(unit))
-        Explain_Line(Cat(UNIT[unit].NAME, " meets fighters: roll ", To_Text(roll), ", at most ",
-                         To_Text(enemy_air), intercepted ? ": intercepted" : ": not intercepted"));
+    // Sorties belong to no unit: they are explained whoever is.
+    if (unit > 0 ? Explaining(unit) : ExplainUnit != 0)
+        Explain_Line(Cat(unit > 0 ? UNIT[unit].NAME.Str() : "mission " + To_Text(slot), " meets fighters: roll ",
+                         To_Text(roll), ", at most ", To_Text(enemy_air),
+                         intercepted ? ": intercepted" : ": not intercepted"));
     if (unit > 0 && UNIT[unit].TYPE == UAV) {
         const int second = Roll_Dice(SITE_INTERCEPT_UAV);
         if (second >= 11) intercepted = false;

@@ -187,6 +187,9 @@ void Fires_Phase()
 {
     const int roll = Roll_Dice(SITE_FIRES_ORDER);
     const bool blue_guns_first = Round_Even(static_cast<float>(roll) / 50.0f) == 1;
+    if (ExplainUnit != 0)
+        Explain_Line(Cat("order of fires: roll ", To_Text(roll), " / 50, at 1 Blue's guns come first",
+                         blue_guns_first ? ": Blue" : ": Red"));
     Show_Fires_Phase("Pre-planned SEAD Phase");
     Preplanned_SEAD();
     // The side that shoots first with guns strikes last from the air.

@@ -67,9 +67,7 @@ void Fire_At_Unit(int battery, int target, int shots, bool can_be_answered)
 
 bool Answers(int roll, int chance, std::string_view source, int firer)
 {
-    if (Explaining(firer))
-        Explain_Line(Cat("  acquired ", source, ": roll ", To_Text(roll), ", at most ", To_Text(chance),
-                         roll <= chance ? ": located" : ": not located"));
+    if (Explaining(firer)) Explain_Line(Cat("  watched ", source, roll <= chance ? ": located" : ": not located"));
     return roll <= chance;
 }
 
@@ -141,6 +139,9 @@ void Counterfire_Check(int firer, int slot, int mode)
     const int side = Other_Side(UNIT[firer].SIDE);
     const int roll = Roll_Dice(SITE_COUNTERFIRE);
     const int chance = UNIT[firer].SIDE == BLUE ? RFIREF : BFIREF;
+    if (Explaining(firer))
+        Explain_Line(
+            Cat("counterfire on ", UNIT[firer].NAME, ": roll ", To_Text(roll), ", chance ", To_Text(chance)));
     bool located = Seen_By_Zone(firer, side, roll, chance);
     if (!located) located = Seen_From_Under_Fire(firer, side, slot, mode, roll, chance);
     if (!located && Computer_Plays(side)) located = Answers(roll, chance, "by the computer's radars", firer);

@@ -1,6 +1,7 @@
 #include "manoeuvre/aviation.h"
 
 #include "combat/air_defence.h"
+#include "combat/factors.h"
 #include "combat/fires.h"
 #include "combat/helicopters.h"
 #include "combat/loss.h"
@@ -205,30 +206,30 @@ void Show_Aircraft(int u)
 
 // ---------------------------------------------------------------------------------------------- fighters
 
+constexpr STEP<float, int> FIGHTERS[] = {
+    {"lift unit", [](int u) { return UNIT[u].TYPE == LIFT ? 3.0f : 1.0f; }},
+    {"on security", [](int u) { return UNIT[u].TACOPN == 3 ? 0.25f : 1.0f; }},
+};
+
 /// What fighters take off an aircraft that they caught, in RCP points.
 float Loss_To_Fighters(int u, int roll)
 {
-    const UNIT_RECORD& unit = UNIT[u];
-    float loss = static_cast<float>(roll) / 3.0f;
-    loss = loss * 0.01f;
-    if (unit.TYPE == LIFT) loss = loss * 3.0f;
-    if (unit.TACOPN == 3) loss = loss / 4.0f;
-    loss = std::min(loss, static_cast<float>(unit.RCP2));
-    if (unit.MOVESTATUS == ABORTING) loss = loss / 10.0f;
-    return loss;
+    const float share = static_cast<float>(roll) / 3.0f;
+    float loss = Multiply_Out(share * 0.01f, FIGHTERS, Explaining(u), u);
+    loss = std::min(loss, UNIT[u].RCP2);
+    return UNIT[u].MOVESTATUS == ABORTING ? loss / 10.0f : loss;
 }
 
 void Lose_To_Fighters(int u)
 {
     const int roll = Roll_Dice(SITE_AIR_LOSS);
+    if (Explaining(u)) Explain_Line(Cat(UNIT[u].NAME, " loses to fighters: roll ", To_Text(roll), " / 3 x 0.01"));
     const float loss = Loss_To_Fighters(u, roll);
     const int percent = Percent_Lost(u, loss);
     const int passenger = UNIT[u].TYPE == LIFT ? static_cast<int>(UNIT[u].PASSENGER) : 0;
     const std::string text =
         Cat(UNIT[u].NAME, percent < 1 ? " lost no aircraft!" : Cat(" lost ", To_Text(percent), "%!"));
-    if (Explaining(u))
-        Explain_Line(
-            Cat(UNIT[u].NAME, " loses to fighters: roll ", To_Text(roll), " / 3 x 0.01, loss ", To_Text(loss)));
+    if (Explaining(u)) Explain_Line(Cat("  loss ", To_Text(loss), ", ", To_Text(percent), "%"));
     Post_At(u, text, 1000, BOTH);
     (UNIT[u].SIDE == BLUE ? BADAL : RADAL) += loss;
     Apply_Loss(u, loss);
