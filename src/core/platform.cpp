@@ -64,6 +64,7 @@ void Headless_Platform::Progress(int, int) {}
 void Headless_Platform::Delay(int milliseconds) { Tell("delay", "", milliseconds); }
 void Headless_Platform::Sound(int cue) { Tell("sound", "", cue); }
 void Headless_Platform::Beep() { Tell("beep", ""); }
+void Headless_Platform::Media(Media_Kind kind, std::string_view file) { Tell("media", file, static_cast<int>(kind)); }
 void Headless_Platform::Drawn(const Drawing& drawing)
 {
     if (RECORDING) DRAWINGS.push_back(drawing);

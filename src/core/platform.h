@@ -40,6 +40,9 @@ struct File_Request {
     bool SAVE = false;
 };
 
+/// A file that an event plays or shows.
+enum class Media_Kind { AUDIO, PICTURE, VIDEO };
+
 enum class Status_Colour { NORMAL, BRIGHT_GREEN };
 
 class Platform {
@@ -59,6 +62,8 @@ public:
     virtual void Delay(int milliseconds) = 0;
     virtual void Sound(int cue) = 0;   ///< 1..16
     virtual void Beep() = 0;
+    /// Plays or shows a file to its end. One that cannot be played stays away without a word.
+    virtual void Media(Media_Kind, std::string_view /*file*/) {}
     virtual void Drawn(const Drawing& drawing) = 0;
     virtual void Unit_Changed(int unit) = 0;   ///< place, picture or state of one unit
     virtual void Changed(Redraw what) = 0;
@@ -73,7 +78,8 @@ void Use_Screen(Platform* screen);   ///< nullptr goes back to the silent headle
 class Headless_Platform : public Platform {
 public:
     struct Told {
-        std::string KIND;   ///< "phase", "status", "post", "box", "ask", "file", "delay", "sound", "beep", "draw", "done"
+        std::string KIND;   ///< "phase", "status", "post", "box", "ask", "file", "delay", "sound", "beep", "media", "draw",
+                            ///< "done"
         std::string TEXT;
         int NUMBER = 0;
     };
@@ -97,6 +103,7 @@ public:
     void Delay(int milliseconds) override;
     void Sound(int cue) override;
     void Beep() override;
+    void Media(Media_Kind kind, std::string_view file) override;
     void Drawn(const Drawing& drawing) override;
     void Unit_Changed(int unit) override;
     void Changed(Redraw what) override;

@@ -221,24 +221,24 @@ namespace sm {
     F(Text<4>, TTIME, 0, 0, EVERYWHERE, "", "day of the turn")
 
 #define PP_FIELDS(F) \
-    F(Int16, PPTYPE, 0, 50, EVERYWHERE, "", "event type; above 0 when used") \
-    F(Text<40>, PPATYPE, 0, 0, EVERYWHERE, "", "type label") \
-    F(Text<40>, PPIMAGE, 0, 0, EVERYWHERE, "", "icon") \
+    F(Int16, PPTYPE, 0, 50, EVERYWHERE, "", "event kind; above 0 when used") \
+    F(Text<40>, PPATYPE, 0, 0, EVERYWHERE, "", "label of the kind") \
+    F(Text<40>, PPIMAGE, 0, 0, EVERYWHERE, "", "icon file under the events folder") \
     F(Int16, PPX, LOW16, HIGH16, EVERYWHERE, "pixels", "position") \
     F(Int16, PPY, LOW16, HIGH16, EVERYWHERE, "pixels", "position") \
-    F(Int16, PPEFFECT, LOW16, HIGH16, EVERYWHERE, "", "effect") \
-    F(Int16, PPSIDE, 0, 3, EVERYWHERE, "side", "side") \
-    F(Int16, PPPROBE, LOW16, HIGH16, EVERYWHERE, "percent", "probability") \
-    F(Text<60>, PPPFILE, 0, 0, EVERYWHERE, "", "media file") \
-    F(Int16, PPPROLE, LOW16, HIGH16, EVERYWHERE, "", "role of the media") \
-    F(Int16, PPTRIGGER, LOW16, HIGH16, EVERYWHERE, "", "trigger") \
-    F(Text<20>, PPATRIGGER, 0, 0, EVERYWHERE, "", "trigger label") \
-    F(Int16, PPDURATION, LOW16, HIGH16, EVERYWHERE, "", "duration") \
+    F(Int16, PPEFFECT, 0, 3, EVERYWHERE, "", "0 none, 1 direct fire, 2 indirect fire, 3 mine or bomb") \
+    F(Int16, PPSIDE, 0, 3, EVERYWHERE, "side", "1 Blue, 2 Red, 3 neutral, by the kind") \
+    F(Int16, PPPROBE, 0, 3, EVERYWHERE, "", "file of the event: 0 none, 1 audio, 2 picture, 3 video") \
+    F(Text<60>, PPPFILE, 0, 0, EVERYWHERE, "", "its name, under the events folder") \
+    F(Int16, PPPROLE, LOW16, HIGH16, EVERYWHERE, "", "stored only") \
+    F(Int16, PPTRIGGER, LOW16, HIGH16, EVERYWHERE, "", "1 immediate, 2 any unit, 3 logistics unit, 4 combat unit; others never fire") \
+    F(Text<20>, PPATRIGGER, 0, 0, EVERYWHERE, "", "label of the trigger") \
+    F(Int16, PPDURATION, 0, 100, EVERYWHERE, "percent", "attrition") \
     F(Text<700>, PPMSG, 0, 0, EVERYWHERE, "", "message") \
-    F(Int16, PPTOT, LOW16, HIGH16, EVERYWHERE, "turn", "turn") \
-    F(Int16, PPACTIVE, LOW16, HIGH16, EVERYWHERE, "", "active") \
-    F(Int16, PPVISIBLE, LOW16, HIGH16, EVERYWHERE, "", "visible") \
-    F(Int16, PPOBSTACLE, LOW16, HIGH16, EVERYWHERE, "", "obstacle")
+    F(Int16, PPTOT, LOW16, HIGH16, EVERYWHERE, "turn", "stored only") \
+    F(Int16, PPACTIVE, 0, 1, EVERYWHERE, "", "1 once the event has happened") \
+    F(Int16, PPVISIBLE, 0, 1, EVERYWHERE, "", "1 once its icon is shown to Blue") \
+    F(Int16, PPOBSTACLE, 0, 2, EVERYWHERE, "", "movement: 0 no effect, 1 slow, 2 stop")
 
 #define WPN_FIELDS(F) \
     F(Text<20>, WPN, 0, 0, READ | HASH, "", "row name, shown as the unit type") \
