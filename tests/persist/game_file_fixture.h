@@ -1,7 +1,7 @@
 #pragma once
 #include "persist/game_file.h"
 #include "persist/game_format.h"
-#include "persist/log_lines.h"
+#include "support/log_lines.h"
 #include "persist/program_folder.h"
 #include "support/board.h"
 #include "support/scratch.h"
