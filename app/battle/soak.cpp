@@ -102,6 +102,14 @@ bool Lost_By_File(const std::string& difference)
     });
 }
 
+/// The cells to the end of a route are in no file. A load counts them anew, and a route that has ended counts 0 there, while a
+/// last node in the unit's own cell leaves -1 in play.
+void Forget_Ended_Routes()
+{
+    for (int u = 1; u <= MAX_UNIT; ++u)
+        if (UNIT[u].NUMBER_OF_NODES == 0) UNIT[u].DISTANCE_TO_END = 0;
+}
+
 struct LENGTHS {
     int TURN, ELINT;
 };
@@ -128,6 +136,7 @@ bool Soak_Turn(Watch& watch, FINDINGS& findings)
         return false;
     }
     ++findings.TURNS;
+    Forget_Ended_Routes();
     findings.BROKEN += watch.FAULTS.empty() ? 0 : 1;
     for (const std::string& fault : watch.FAULTS) Print_Line(Cat("  ", fault));
     const auto played = std::make_unique<Game>(GAME);
@@ -136,6 +145,7 @@ bool Soak_Turn(Watch& watch, FINDINGS& findings)
         ++findings.DIFFERING;
         return false;
     }
+    Forget_Ended_Routes();
     int shown = 0;
     for (const std::string& line : Differences(*played, GAME)) {
         if (Lost_By_File(line)) continue;

@@ -10,7 +10,15 @@ namespace sm {
 
 namespace {
 
-constexpr int CHART_WIDTH = 640, CHART_HEIGHT = 260, MARGIN = 44;
+constexpr int CHART_WIDTH = 640, CHART_HEIGHT = 260, MARGIN = 44, LABELS = 72;   ///< room for the names at the right
+
+/// A round step that divides `range` into five or fewer.
+double Tick_Step(double range)
+{
+    for (double power = 1;; power *= 10)
+        for (const double step : {power, 2 * power, 5 * power})
+            if (step * 5 >= range) return step;
+}
 
 struct SERIES {
     const char *NAME, *CLASS;
@@ -27,15 +35,19 @@ std::string Line_Chart(const BATTLE_RECORD& r, const char* title, const std::vec
             least = std::min(least, s.VALUE(t));
         }
     const int turns = std::max(1, static_cast<int>(r.TURNS.size()) - 1);
-    const auto x = [&](std::size_t i) { return MARGIN + static_cast<double>(i) * (CHART_WIDTH - 2 * MARGIN) / turns; };
+    const double step = Tick_Step(most - least);
+    const int first_tick = Floor_Int(least / step), last_tick = -Floor_Int(-most / step);
+    least = first_tick * step;
+    most = last_tick * step;
+    const auto x = [&](std::size_t i) { return MARGIN + static_cast<double>(i) * (CHART_WIDTH - MARGIN - LABELS) / turns; };
     const auto y = [&](double value) {
         return CHART_HEIGHT - MARGIN - (value - least) / (most - least) * (CHART_HEIGHT - 2 * MARGIN);
     };
     std::string s = Cat("<figure><figcaption>", title, "</figcaption><svg class=\"chart\" viewBox=\"0 0 ", To_Text(CHART_WIDTH),
                         " ", To_Text(CHART_HEIGHT), "\" role=\"img\">");
-    for (int i = 0; i <= 4; ++i) {
-        const double value = least + (most - least) * i / 4;
-        s += Cat("<line class=\"grid\" x1=\"", Html_Number(MARGIN), "\" x2=\"", Html_Number(CHART_WIDTH - MARGIN), "\" y1=\"",
+    for (int tick = first_tick; tick <= last_tick; ++tick) {
+        const double value = tick * step;
+        s += Cat("<line class=\"grid\" x1=\"", Html_Number(MARGIN), "\" x2=\"", Html_Number(CHART_WIDTH - LABELS), "\" y1=\"",
                  Html_Number(y(value)), "\" y2=\"", Html_Number(y(value)), "\"/><text class=\"axis\" x=\"",
                  Html_Number(MARGIN - 6), "\" y=\"", Html_Number(y(value) + 4), "\" text-anchor=\"end\">",
                  To_Text(Round_Even(value)), "</text>");
@@ -47,7 +59,7 @@ std::string Line_Chart(const BATTLE_RECORD& r, const char* title, const std::vec
         s += Cat("<polyline class=\"", line.CLASS, "\" points=\"");
         for (std::size_t i = 0; i < r.TURNS.size(); ++i)
             s += Cat(Html_Number(x(i)), ",", Html_Number(y(line.VALUE(r.TURNS[i]))), " ");
-        s += Cat("\"/><text class=\"label ", line.CLASS, "\" x=\"", Html_Number(CHART_WIDTH - MARGIN + 4), "\" y=\"",
+        s += Cat("\"/><text class=\"label ", line.CLASS, "\" x=\"", Html_Number(CHART_WIDTH - LABELS + 6), "\" y=\"",
                  Html_Number(y(line.VALUE(r.TURNS.back())) + 4), "\">", line.NAME, "</text>");
     }
     return s + "</svg></figure>";
