@@ -25,7 +25,7 @@ struct Arguments {
     std::vector<std::string> WORDS;   ///< the command and its files
     std::optional<int> TURNS;
     std::string SAVE, HOME, REPORT, OUT;
-    bool HASH = false, HASH_PHASES = false, QUIET = false;
+    bool HASH = false, HASH_PHASES = false, QUIET = false, STATUS = false;
     int TYPE = 0, TURN_LENGTH = 0, ELINT = 0, EXPLAIN = 0;
     std::optional<Computer> COMPUTER;
     int WORKERS = 0, KEEP = 0;        ///< odds: 0 workers means one for each processor
@@ -41,10 +41,12 @@ void Print_Utf8(std::string_view text);
 class Printer : public Headless_Platform {
 public:
     bool MESSAGES = true;
+    bool STATUS_LINE = false;           ///< also what the status line shows for a moment
     bool HASH_PHASES = false;
     std::vector<MESSAGE_MARK> POSTED;   ///< messages of the turn under way
 
     void Phase(std::string_view title) override;
+    void Status(std::string_view text, Status_Colour colour) override;
     void Posted(int row) override;
     void Box(std::string_view title, std::string_view text) override;
     void Phase_Done(std::string_view name) override;

@@ -19,6 +19,7 @@ constexpr const char* HELP =
     "      --report BASE         writes the after-action report to BASE.txt and BASE.html\n"
     "      --hash [phases]       prints the state's hash after each turn (or after each phase, table by table)\n"
     "      --explain N           prints every factor, test and loss of unit N's fights\n"
+    "      --status              prints the status line too: acquisitions, air defence, supporting fires\n"
     "      --quiet               prints no messages\n"
     "  stonemarch-battle odds FILE [options]   plays the game from all 100 dice positions: the exact distribution of verdict,\n"
     "                                          points, losses and objectives by turn\n"
@@ -96,6 +97,7 @@ Arguments Read_Arguments(int argc, char** argv)
         else if (word == "--out") a.OUT = value();
         else if (word == "--home") a.HOME = value();
         else if (word == "--quiet") a.QUIET = true;
+        else if (word == "--status") a.STATUS = true;
         else if (word == "--type") a.TYPE = Number_Argument(word, value(), 0, 9);
         else if (word == "--turn-length") a.TURN_LENGTH = Number_Argument(word, value(), 0, 2);
         else if (word == "--elint") a.ELINT = Number_Argument(word, value(), 0, 1);

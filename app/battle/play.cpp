@@ -104,6 +104,7 @@ int Play(const Arguments& a)
     Open_Home(a);
     Printer printer;
     printer.MESSAGES = !a.QUIET;
+    printer.STATUS_LINE = a.STATUS;
     Use_Screen(&printer);
     Start_Up(1280, 960);
     Open_Game(a, a.WORDS[1], printer);

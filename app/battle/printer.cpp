@@ -17,22 +17,39 @@ void Printer::Phase(std::string_view title)
     if (MESSAGES) Print_Line(Cat("-- ", title));
 }
 
+namespace {
+
+/// A text of several lines on one.
+std::string In_One_Line(std::string_view text)
+{
+    std::string line(text);
+    for (char& c : line)
+        if (c == '\r') c = ' ';
+    return line;
+}
+
+}   // namespace
+
+void Printer::Status(std::string_view text, Status_Colour colour)
+{
+    // what is shown in bright green has been posted, and printed, already
+    if (MESSAGES && STATUS_LINE && !text.empty() && colour == Status_Colour::NORMAL)
+        Print_Line(Cat("   ... ", In_One_Line(text)));
+}
+
 void Printer::Posted(int row)
 {
     static constexpr const char* AUDIENCE[] = {"[     ] ", "[Blue ] ", "[ Red ] ", "[ All ] "};
     const SITREPLIST_RECORD& r = SITREPLIST[row];
     const int side = r.SIDE >= 0 && r.SIDE <= 3 ? static_cast<int>(r.SIDE) : 0;
     POSTED.push_back({side, r.X, r.Y, r.TEXT.Str()});
-    if (MESSAGES) Print_Line(Cat("   ", AUDIENCE[side], r.TEXT));
+    if (MESSAGES) Print_Line(Cat("   ", AUDIENCE[side], In_One_Line(r.TEXT)));
 }
 
 void Printer::Box(std::string_view title, std::string_view text)
 {
     if (!MESSAGES) return;
-    std::string line(text);
-    for (char& c : line)
-        if (c == '\r') c = ' ';
-    Print_Line(Cat("   (", title, ") ", line));
+    Print_Line(Cat("   (", title, ") ", In_One_Line(text)));
 }
 
 void Printer::Phase_Done(std::string_view name)
