@@ -100,6 +100,7 @@ int Hit_Flyer(int shooter, int target, float power)
     Draw_Fire(Draw::TRACER, UNIT[shooter].X, UNIT[shooter].Y, t.X, t.Y, shooter, SOUND_AIR_DEFENCE);
     const int passenger = t.TYPE == LIFT ? static_cast<int>(t.PASSENGER) : 0;
     const std::string text = Cat("ADA BDA: ", t.NAME, Lost(percent));
+    const int x = t.X, y = t.Y;   // a passenger is where its carrier is
     if (Explaining(shooter, target))
         Explain_Line(Cat("  loss ", To_Text(damage.LOSS), ", ", To_Text(percent), "%"));
     Post_At(target, text, 1000, BOTH);
@@ -107,7 +108,7 @@ int Hit_Flyer(int shooter, int target, float power)
     (t.SIDE == BLUE ? BADAL : RADAL) += damage.LOSS;
     Apply_Loss(target, damage.LOSS);
     if (Lives(passenger)) {
-        Post_At(passenger, Cat("ADA BDA: ", UNIT[passenger].NAME, Lost(percent)), 0, BOTH);
+        Post_Message(passenger, Cat("ADA BDA: ", UNIT[passenger].NAME, Lost(percent)), x, y, 0, BOTH);
         Apply_Loss(passenger, UNIT[passenger].RCP2 * static_cast<float>(percent) * 0.01f);
     }
     Consume_Supply(shooter, 3);
