@@ -184,7 +184,6 @@ void Give_Cargo(const Builder& b, UNIT_RECORD& u, int row, const STATEMENT& s)
 {
     const int cargo = b.Unit(u.SIDE, s.WORDS[1], s.LINE);
     if (u.TYPE != LIFT || cargo == row) throw Bad_Script(s.LINE, "this unit carries nobody");
-    u.PASSENGER = cargo;
     UNIT[cargo].CARRIER = row;
     u.PZ = Node_Row(row, Number(s, 2, 1, 300), s);
     u.LZ = Node_Row(row, Number(s, 3, 1, 300), s);
