@@ -183,8 +183,7 @@ bool Make_Games(GAMES& games, const fs::path& home)
         return false;
     }
     Set_Program_Folder(home);
-    for (const std::string& name : test::Names_In(home / "Scenarios"))
-        if (games.SCENARIO.empty() && name.ends_with(".sce")) games.SCENARIO = home / "Scenarios" / name;
+    games.SCENARIO = home / "Scenarios/Saale Crossing.sce";   // the largest of the stock
 
     Start_Up(1024, 768);
     Choose_Game_Type(0);
