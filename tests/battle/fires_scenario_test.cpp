@@ -1,0 +1,142 @@
+// The stock scenario "Fires", played to its end: every kind of fire that it orders can be read.
+
+#include "core/game_state.h"
+#include "core/session.h"
+#include "core/turn_driver.h"
+#include "persist/program_folder.h"
+#include "persist/weapons_file.h"
+#include "support/board.h"
+#include "support/scratch.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// Six turns in a program folder of their own, with all that the screen was told.
+class Fires_Scenario : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        const std::filesystem::path home = STONEMARCH_HOME_DIR;
+        Clear_Game();
+        Use_Screen(&SCREEN);
+        Set_Program_Folder(home);
+        Set_Start_Defaults();
+        ASSERT_TRUE(Read_Stock_Weapons());
+        Choose_Game_Type(0);
+        GameFileName = (home / "Scenarios" / "Fires.sce").string();
+        ASSERT_TRUE(Load_Game());
+        const Scratch_Folder folder;
+        ASSERT_EQ(Make_Program_Folder(folder.Path(), ""), "");
+        for (const char* part : {"Maps", "Terrain"})
+            std::filesystem::copy(home / part, folder / part, std::filesystem::copy_options::recursive);
+        Set_Program_Folder(folder.Path());
+        WAITING = UNIT[Row_Of("A/1 Avn (NAI)")].MOVESTATUS;
+        SCREEN.RECORDING = true;
+        for (int turn = 1; turn <= 6; ++turn) ASSERT_TRUE(Play_Turn());
+        Set_Program_Folder(home);
+    }
+    static void TearDownTestSuite()
+    {
+        Use_Screen(nullptr);
+        SCREEN = Headless_Platform{};
+        Clear_Game();
+    }
+
+    static int Row_Of(std::string_view name)
+    {
+        for (int u = 1; u <= MAX_UNIT; ++u)
+            if (UNIT[u].STATUS > 0 && UNIT[u].NAME == name) return u;
+        return 0;
+    }
+    /// Place of the first telling of this kind that holds the text, -1 when there is none; from `after` on.
+    static int First(std::string_view kind, std::string_view text, int after = 0)
+    {
+        for (int i = after; i < static_cast<int>(SCREEN.TOLD.size()); ++i)
+            if (SCREEN.TOLD[i].KIND == kind && SCREEN.TOLD[i].TEXT.find(text) != std::string::npos) return i;
+        return -1;
+    }
+    static bool Posted_In(std::string_view phase, std::string_view next_phase, std::string_view text)
+    {
+        for (int from = First("phase", phase); from >= 0; from = First("phase", phase, from + 1)) {
+            const int at = First("post", text, from);
+            if (at >= 0 && at < First("phase", next_phase, from)) return true;
+        }
+        return false;
+    }
+
+    static inline Headless_Platform SCREEN;
+    static inline int WAITING = 0;
+};
+
+}   // namespace
+
+TEST_F(Fires_Scenario, SEADComesBeforeGunsAndGunsBeforeAircraft)
+{
+    const int sead = First("status", "Pre-planned SEAD Phase"),
+              guns = First("status", "Pre-planned Artillery Phase", sead),
+              air = First("status", "Air Strike Phase", guns);
+    ASSERT_GE(sead, 0);
+    ASSERT_GE(air, 0);
+    const int first_sead = First("status", "Supporting artillery fires pre-planned SEAD!", sead);
+    const int first_mission = First("post", "Artillery Attack BDA:  1/9 MRB", sead);
+    const int first_strike = First("post", "Air Strike Sorties attack", sead);
+    EXPECT_TRUE(sead < first_sead && first_sead < guns);
+    EXPECT_TRUE(guns < first_mission && first_mission < air);
+    EXPECT_GT(first_strike, air);
+    EXPECT_TRUE(SCREEN.Heard("status", "Supporting artillery fires on-call SEAD!"));
+}
+
+TEST_F(Fires_Scenario, GunsFireInEveryRole)
+{
+    EXPECT_TRUE(SCREEN.Heard("status", " Shoots DS FA!"));
+    EXPECT_TRUE(SCREEN.Heard("post", " fires Counterfire!"));
+    EXPECT_TRUE(SCREEN.Heard("post", "INTREP: Enemy artillery has been located at "));
+    EXPECT_TRUE(
+        Posted_In("Generating New Intelligence Picture", "Movement Phase", "Artillery Attack BDA:  2/9 MRB"))
+        << "on opportunity, in a target area";
+    EXPECT_TRUE(SCREEN.Heard("post", "2/9 MRB: Breaching an obstacle!"))
+        << "the minefield that guns laid on its way";
+    EXPECT_TRUE(SCREEN.Heard("status", "ADA WARNING: Theater ballistic missile is inbound!"));
+    EXPECT_TRUE(SCREEN.Heard("status", "ADA destroys theater ballistic missile!") ||
+                SCREEN.Heard("status", "ADA misses theater ballistic missile!"));
+}
+
+TEST_F(Fires_Scenario, SortiesHuntFindAlternatesAreMetAndHitOrMiss)
+{
+    for (const char* text :
+         {" X Air Strike Sorties attack ", " X Bomber Sorties attack ", "SITREP: Found an alternate target! ",
+          " Found No Targets and Returned to Base!", "fighters intercept",
+          "SITREP: Air strike aborts due to interception!", "SITREP: ADA disrupts air strike!",
+          "Air Strike BDA: ", "Bomber Mission BDA: ", "Bridge is destroyed!", "Air attack misses bridge!",
+          "Attack occurred within an active TAI!", "Attack did not occur within an active TAI!",
+          "are dropping mines!", " reports bridge is blown at ", "SPOTREP: Explosion detected at "})
+        EXPECT_TRUE(SCREEN.Heard("post", text)) << text;
+    EXPECT_TRUE(SCREEN.Heard("status", "SITREP: ADA drives off interceptors!"));
+    EXPECT_TRUE(SCREEN.Heard("status", "SITREP: Fighters evade ADA!"));
+}
+
+TEST_F(Fires_Scenario, HelicoptersWaitHuntRunDryAndComeHomeOrDoNot)
+{
+    EXPECT_EQ(WAITING, 7);
+    EXPECT_TRUE(SCREEN.Heard("post", "A/1 Avn (NAI): Conducting "));
+    EXPECT_TRUE(SCREEN.Heard("post", "A/1 Avn (NAI): Out of ammunition!"));
+    EXPECT_TRUE(SCREEN.Heard("post", "B/1 Avn (free) has landed."));
+    EXPECT_TRUE(SCREEN.Heard("post", "AH/10 (spent) is destroyed!"));
+    EXPECT_EQ(Row_Of("AH/10 (spent)"), 0);
+    EXPECT_EQ(UNIT[Row_Of("A/1 Avn (NAI)")].MOVESTATUS, 0);
+}
+
+TEST_F(Fires_Scenario, TheLiftUnitSetsItsInfantryDownUnderFireAndTheUAVComesThrough)
+{
+    EXPECT_TRUE(SCREEN.Heard("status", "C/2 Avn (lift) receives small arms fire from Picket"));
+    EXPECT_TRUE(SCREEN.Heard("post", "ADA BDA: A/3 IN lost"));
+    EXPECT_TRUE(SCREEN.Heard("post", "A/3 IN reports the air assault is complete!"));
+    EXPECT_TRUE(SCREEN.Heard("post", "UAV 1 has landed."));
+    EXPECT_GT(Row_Of("UAV 1"), 0);
+}
