@@ -135,7 +135,7 @@ void Check_Terrain(std::string_view content, Fault_List& faults)
 
 std::vector<File_Fault> Check_File(const std::string& path)
 {
-    const std::filesystem::path place = path.starts_with('\\') ? Home_Path(path) : std::filesystem::path(path);
+    const std::filesystem::path place = File_Place(path);
     const std::string kind = Upper(place.extension().string());
     const FILE_READ file = Read_File_Whole(place, MOST_CHECKED_BYTES);
     Fault_List faults;

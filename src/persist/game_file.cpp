@@ -19,11 +19,9 @@ namespace {
 /// Some thirty times a full game.
 constexpr std::size_t MOST_GAME_BYTES = std::size_t{64} << 20;
 
-fs::path Place_Of(const std::string& name) { return name.starts_with('\\') ? Home_Path(name) : fs::path(name); }
-
 bool Read_Game_File(const std::string& name)
 {
-    const FILE_READ file = Read_File_Whole(Place_Of(name), MOST_GAME_BYTES);
+    const FILE_READ file = Read_File_Whole(File_Place(name), MOST_GAME_BYTES);
     int failure = 0;
     if (file.ERROR.empty()) {
         failure = Read_Game_Text(file.CONTENT);
@@ -75,7 +73,7 @@ bool Save_Game_File(const std::string& path, bool quiet)
     Progress_Reset();
     Log("Saving game file...");
     std::string fault;
-    const int failure = Write_Game(Place_Of(path), fault);
+    const int failure = Write_Game(File_Place(path), fault);
     Progress_Finish();
     if (failure != 0) {
         Log(Cat(Failure_Text(failure), ", ", fault));

@@ -11,7 +11,7 @@ namespace sm {
 
 namespace {
 
-/// Where the file departs from the field lists. Files that are about have been written and read so for years.
+/// Where the file departs from the field lists. A file has to mean the same to every program that reads it, so these stay.
 struct QUIRK {
     const char* TABLE;
     const char* FIELD;

@@ -134,6 +134,8 @@ fs::path Home_Path(std::string_view name)
     return path;
 }
 
+fs::path File_Place(const std::string& name) { return name.starts_with('\\') ? Home_Path(name) : fs::path(name); }
+
 std::string Make_Program_Folder(const fs::path& folder, const fs::path& stock)
 {
     std::error_code error;

@@ -18,6 +18,10 @@ const std::filesystem::path& Program_Folder();
 /// or cannot be a file's gives the empty path, which the reader tells as missing and the writer refuses.
 std::filesystem::path Home_Path(std::string_view name);
 
+/// Where a file lies that is opened by name: a name that begins with a backslash lies in the program folder, any other
+/// is the path that a person chose.
+std::filesystem::path File_Place(const std::string& name);
+
 /// Makes `folder` a program folder: its subfolders, and whatever of the files under `stock` it does not have yet.
 /// A file that is there stays as it is, in any spelling of its name; temporaries left by killed writers go.
 /// `stock` may be empty, for a folder without content, or the folder itself. Does not set Program_Folder. Answers

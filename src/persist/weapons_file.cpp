@@ -83,10 +83,7 @@ int Read_Weapons_Text(std::string_view text)
     return failure;
 }
 
-bool Read_Weapons_File(const std::string& path)
-{
-    return Read_Weapons(path.starts_with('\\') ? Home_Path(path) : std::filesystem::path(path), false);
-}
+bool Read_Weapons_File(const std::string& path) { return Read_Weapons(File_Place(path), false); }
 
 bool Read_Stock_Weapons() { return Read_Weapons(Home_Path("SMW.wef"), true); }
 
