@@ -29,7 +29,7 @@ void Set_Field_Text(void* record, const FIELD& field, std::string_view text)
     }
     char* at = static_cast<char*>(record) + field.OFFSET;
     const auto n = std::min(text.size(), static_cast<std::size_t>(field.WIDTH));
-    std::memcpy(at, text.data(), n);
+    if (n > 0) std::memcpy(at, text.data(), n);
     std::memset(at + n, ' ', static_cast<std::size_t>(field.WIDTH) - n);
 }
 

@@ -45,7 +45,7 @@ private:
     void Set(std::string_view s)
     {
         const std::size_t n = std::min<std::size_t>(s.size(), N);
-        std::memcpy(c_, s.data(), n);
+        if (n > 0) std::memcpy(c_, s.data(), n);   // an empty view may point nowhere
         std::memset(c_ + n, ' ', N - n);
     }
     char c_[N];
@@ -58,7 +58,7 @@ public:
     Free_Text() = default;
     Free_Text(std::string_view s) : n_(static_cast<std::uint8_t>(std::min<std::size_t>(s.size(), CAPACITY)))
     {
-        std::memcpy(c_, s.data(), n_);
+        if (n_ > 0) std::memcpy(c_, s.data(), n_);
     }
     Free_Text(const char* s) : Free_Text(std::string_view(s)) {}
     Free_Text(const std::string& s) : Free_Text(std::string_view(s)) {}

@@ -2,6 +2,7 @@
 
 #include "core/errors.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -50,6 +51,29 @@ int Read_Whole(std::string_view word, double low, double high, int& value)
     return 0;
 }
 
+/// A blank, or a control character, which counts as one: no text of the game may hold it, for it might end a line.
+bool Is_Blank(char c) { return (c >= 0 && c <= ' ') || c == 0x7F; }
+
+std::string_view Without_Blank_Ends(std::string_view text, std::size_t most)
+{
+    while (!text.empty() && Is_Blank(text.front())) text.remove_prefix(1);
+    text = text.substr(0, most);
+    while (!text.empty() && Is_Blank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+void Store_Text(void* record, const FIELD& field, std::string_view value)
+{
+    value = Without_Blank_Ends(value, static_cast<std::size_t>(field.WIDTH));
+    if (std::none_of(value.begin(), value.end(), [](char c) { return Is_Blank(c) && c != ' '; })) {
+        Set_Field_Text(record, field, value);
+        return;
+    }
+    std::string clean(value);
+    std::replace_if(clean.begin(), clean.end(), Is_Blank, ' ');
+    Set_Field_Text(record, field, clean);
+}
+
 }   // namespace
 
 std::string_view Next_Line(std::string_view& rest)
@@ -89,9 +113,7 @@ int Store_Value(void* record, const FIELD& field, std::string_view value)
         Field_Value<float>(record, field) = real;
         return 0;
     }
-    default:
-        Set_Field_Text(record, field, value);
-        return 0;
+    default: Store_Text(record, field, value); return 0;
     }
 }
 

@@ -25,8 +25,8 @@ std::string_view Next_Line(std::string_view& rest);
 KEYED_LINE Take_Apart(std::string_view line);
 
 /// Stores a trimmed value into a field. 0, or the number of the failure: not a number (a blank value is none), or
-/// a number that does not fit the field's width. An integer field rounds a decimal half to even; text is cut to
-/// the field and padded.
+/// a number that does not fit the field's width. An integer field rounds a decimal half to even; text is cut to the
+/// field and padded, and its control characters become blanks.
 int Store_Value(void* record, const FIELD& field, std::string_view value);
 
 /// Longest value of a number field in a file, its leading blank included.

@@ -47,6 +47,20 @@ TEST_F(Game_Reader, SplitsALineAtItsFirstColonOnlyAndTrimsTexts)
     EXPECT_EQ(UNIT[1].NAME.Full().size(), 20u);
 }
 
+TEST_F(Game_Reader, LetsNoControlCharacterIntoATextThatWillBeWrittenAgain)
+{
+    EXPECT_EQ(Read({"GAMEAUTHOR: \x01"
+                    "A\rB\tC\x7F",
+                    "IMAGE", "NAME: nineteen characters\r and more"}),
+              0);
+    EXPECT_EQ(GAMEAUTHOR, "A B C");
+    EXPECT_EQ(UNIT[1].NAME, "nineteen characters");
+    EXPECT_TRUE(UNIT[1].IMAGE == "") << "a key without a colon has an empty text";
+    EXPECT_EQ(Read({Cat("GAMEAUTHOR: ", std::string(249, 'x'), " y")}), 0);
+    EXPECT_EQ(std::string_view(GAMEAUTHOR).size(), 249u)
+        << "cut at 250, where a blank would be lost by the next save";
+}
+
 TEST_F(Game_Reader, TakesEveryWayOfWritingANumber)
 {
     EXPECT_EQ(
