@@ -76,7 +76,7 @@ TEST_F(Build_Scenario, AUnitThatMayFordTakesTheShortWayOnlyWhenItIsToldSo)
 
 TEST_F(Build_Scenario, MeasuresTargetsAndEventsFillTheirRowsAndTheirCounts)
 {
-    Build("map 1\nset BTOTAL 10\nobjective Halle 300 red\n"
+    Build("map 1\nset BTOTAL 10\nobjective Halle 300 red\nkeyterrain Riesa\n"
           "force blue\nnai road Zeitz\ntai gap Lützen\n"
           "unit Guns \"FA Bn (M109A6)\" Merseburg\n"
           "fire Guns Lützen tai gap class 5 ammo fascam\n"
@@ -84,7 +84,7 @@ TEST_F(Build_Scenario, MeasuresTargetsAndEventsFillTheirRowsAndTheirCounts)
           "obstacle Lützen@2e\n"
           "event 1 Borna \"Ambush (Red)\"; icon 2.ico; effect 1; attrition 10; trigger 2; movement 2\n"
           "  message \"Fire from the wood\"\n"
-          "force red\nunit Late \"TK Regt (T-80)\"; arrives 6 Grimma\n");
+          "force red\nloc Riesa\nunit Late \"TK Regt (T-80)\"; arrives 6 Grimma\n");
     EXPECT_EQ(OBJ[1].OVALUE, 300);
     EXPECT_EQ(OBJ[1].OID, RED);
     EXPECT_EQ(P[1].PTYPE, 12);
@@ -103,6 +103,8 @@ TEST_F(Build_Scenario, MeasuresTargetsAndEventsFillTheirRowsAndTheirCounts)
     EXPECT_EQ(PP[1].PPSIDE, RED);
     EXPECT_EQ(PP[1].PPATRIGGER, "Any Blue Unit");
     EXPECT_EQ(PP[1].PPMSG, "Fire from the wood");
+    EXPECT_EQ(UNIT[600].TYPE, 50);
+    EXPECT_EQ(UNIT[600].X, OBJ[2].OX) << "the line of communication stands where it was placed";
     EXPECT_EQ(UNIT[301].OFFMAP, 1);
     EXPECT_EQ(UNIT[301].ATIME, 6);
     EXPECT_EQ(UNIT[301].X, -1000);

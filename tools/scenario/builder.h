@@ -25,6 +25,7 @@ struct Builder {
     int SIDE = 0;   ///< force under way
     std::vector<STATEMENT> DEFAULTS;
     std::vector<UNIT_PLAN> UNITS;
+    std::optional<CELL> LOC[2];                            ///< line of communication, Blue's and Red's
     std::vector<std::pair<STATEMENT, int>> TASKS;          ///< target statements and their side
     std::map<std::pair<int, std::string>, int> GRAPHICS;   ///< row in P by side and name
     std::vector<Bad_Script> FAULTS;                        ///< of units and their orders, told together

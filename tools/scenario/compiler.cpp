@@ -4,9 +4,11 @@
 #include "core/clock.h"
 #include "core/game_state.h"
 #include "core/session.h"
+#include "core/shared.h"
 #include "core/text.h"
 #include "persist/keyed_text.h"
 #include "persist/weapons_file.h"
+#include "sustain/reinforcements.h"
 #include "terrain/map.h"
 
 #include <algorithm>
@@ -86,6 +88,11 @@ void Take_Statement(Builder& b, const STATEMENT& s)
         return;
     }
     if (word == "default") return Set_Default(b, s);
+    if (word == "loc") {
+        if (b.SIDE == 0) throw Bad_Script(s.LINE, "a line of communication before its force");
+        b.LOC[b.SIDE - 1] = b.Place(s, 1);
+        return;
+    }
     if (word == "unit") {
         b.EVENT = 0;
         return Open_Unit(b, s);
@@ -98,6 +105,17 @@ void Take_Statement(Builder& b, const STATEMENT& s)
     }
     if (Is_Order(word)) return Give_Order(b, s);
     throw Bad_Script(s.LINE, "no such statement: " + word);
+}
+
+/// Lines of communication that the text places; the others are made when the scenario is opened.
+void Place_LOC_Units(const Builder& b)
+{
+    if (!b.LOC[0] && !b.LOC[1]) return;
+    Make_LOC_Units();
+    for (const int side : {BLUE, RED}) {
+        const int row = side == BLUE ? SIDE_UNITS : MAX_UNIT;
+        if (b.LOC[side - 1]) Place_Unit(row, Middle(b.LOC[side - 1]->COLUMN), Middle(b.LOC[side - 1]->ROW));
+    }
 }
 
 int Nodes_Used(int first, int last) { return Count_Used(MN, first, last); }
@@ -154,6 +172,7 @@ void Compile(const std::vector<STATEMENT>& statements, const std::string& maps_f
     GTURN = 0;
     Update_Header();   // day or night
     Raise_Units(b);
+    Place_LOC_Units(b);
     for (const auto& [task, side] : b.TASKS) Assign_Task(b, task, side);
 }
 

@@ -11,8 +11,6 @@ namespace sm::scenario {
 
 namespace {
 
-constexpr long long BILLION = 1000000000;
-
 std::string File_Content(const std::string& path)
 {
     std::ifstream in(path, std::ios::binary);
