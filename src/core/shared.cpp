@@ -169,9 +169,10 @@ void Post_Message(int unit, std::string_view text, int x, int y, int show, int s
         Message_Pause();
     }
     if (unit >= 1 && unit <= MAX_UNIT) {
-        UNIT[unit].C2T += 1;
+        UNIT[unit].C2T = Saturate_16(UNIT[unit].C2T + 1);
         const int hq = UNIT[unit].HIGHERHQ;
-        if (hq >= 1 && hq <= MAX_UNIT && UNIT[hq].STATUS > 0) UNIT[hq].C2T += 1;
+        if (hq >= 1 && hq <= MAX_UNIT && UNIT[hq].STATUS > 0)
+            UNIT[hq].C2T = Saturate_16(UNIT[hq].C2T + 1);
     }
     MsgText.clear();
 }
@@ -260,8 +261,28 @@ void Delete_Target(int row)
     Screen().Changed(Redraw::GRAPHICS);
 }
 
+namespace {
+
+/// The pool counter that a control measure is booked in; nullptr for a drawing.
+Int16* Graphic_Count(const P_RECORD& graphic)
+{
+    if (graphic.PSIDE != BLUE && graphic.PSIDE != RED) return nullptr;
+    const bool blue = graphic.PSIDE == BLUE;
+    switch (graphic.PTYPE) {
+    case 12: return blue ? &BNAI : &RNAI;
+    case 13: return blue ? &BTAI : &RTAI;
+    case 17: return blue ? &BSEAD : &RSEAD;
+    case 18: return blue ? &BCFFZ : &RCFFZ;
+    default: return nullptr;
+    }
+}
+
+}   // namespace
+
 void Erase_Graphic(int row)
 {
+    Int16* count = Graphic_Count(P[row]);
+    if (count != nullptr && *count > 0) *count -= 1;
     for (int other = 1; other <= MAX_P; ++other)
         if (other != row && P[other].LINKEDGRAPHIC == row) P[other].LINKEDUNIT = 0;
     P[row] = P_RECORD{};

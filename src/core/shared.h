@@ -67,6 +67,7 @@ void Clear_Route(int unit);
 void Clear_Node(int row);
 /// Frees a target row and lowers FIREMISSION of its firing unit, not below 0.
 void Delete_Target(int row);
+/// Frees a row of the graphics. The side's count of NAI, TAI, SEAD targets and call-for-fire zones goes with it.
 void Erase_Graphic(int row);
 void Erase_Text(int row);
 void Erase_Bridge(int row);

@@ -11,7 +11,7 @@ namespace sm {
 
 namespace {
 
-constexpr int NAMED_AREA = 12, TARGET_AREA = 13;
+constexpr int NAMED_AREA = 12;   // P.PTYPE
 
 /// A sensor's contact holds for two turns, any other for one.
 void Decay(int u)
@@ -55,10 +55,7 @@ void Destroy_Area(int g)
 /// A unit inside an enemy named area is seen, and may find the watchers.
 void Cross_Named_Area(int u, int g, int& chance)
 {
-    if (!(PlanSide == 3 && ViewMode == 0)) Show_Picture(u);
-    UNIT[u].SPOTTED = Saturate_16(UNIT[u].SPOTTED + 1);
-    Show_By_View(u);
-
+    Spot_In_Area(u);
     chance = Chance_Against_Watchers(UNIT[u].TACOPN, chance);
     const int roll = Roll_Dice(SITE_NAI_WATCHERS);
     if (Explaining(u))
@@ -71,14 +68,9 @@ void Cross_Named_Area(int u, int g, int& chance)
 void Test_Areas(int u, int& chance)
 {
     for (int g = 1; g <= MAX_P; ++g) {
-        const int kind = P[g].PTYPE;
-        if (kind != NAMED_AREA && kind != TARGET_AREA) continue;
-        if (P[g].PSIDE == UNIT[u].SIDE || !Graphic_Active(g)) continue;
-        if (Distance_To(u, P[g].PX1, P[g].PY1) > Area_Reach(u)) continue;
-        if (kind == NAMED_AREA)
-            Cross_Named_Area(u, g, chance);
-        else if (UNIT[u].SPOTTED >= 1)
-            Fire_Linked_Targets(u, g);
+        if (!Meets_Area(u, g, UNIT[u].X, UNIT[u].Y)) continue;
+        if (P[g].PTYPE == NAMED_AREA) Cross_Named_Area(u, g, chance);
+        else Fire_Linked_Targets(u, g);
         if (UNIT[u].STATUS < 1) return;
     }
 }
@@ -92,7 +84,7 @@ void Intelligence_Update()
         if (UNIT[u].STATUS < 1) continue;
         Decay(u);
         Show_To_Seat(u);
-        if (INTELPLAY == 0 && UNIT[u].TYPE != 50) Test_Areas(u, chance);
+        if (INTELPLAY == 0) Test_Areas(u, chance);
     }
 }
 

@@ -67,8 +67,6 @@ void Prune(AREAS& areas)
             (kind == NAI ? areas.NAI_COUNT : areas.TAI_COUNT) += 1;
         } else {
             Erase_Graphic(g);
-            Int16& count = Area_Count(areas.SIDE, kind);
-            if (count > 0) count -= 1;
         }
     }
 }

@@ -161,6 +161,25 @@ TEST(Removal, ALiftUnitThatLosesItsRoutePutsItsPassengerDownShaken)
     EXPECT_EQ(UNIT[lift].TIMERM, 0);
 }
 
+TEST(Removal, AnErasedControlMeasureLowersItsSidesCountAndADrawingNone)
+{
+    Board board(10, 10);
+    BNAI = RTAI = BSEAD = RCFFZ = 2;
+    const int kinds[][2] = {{12, BLUE}, {13, RED}, {17, BLUE}, {18, RED}, {30, BLUE}, {12, RED}};
+    int row = 0;
+    for (const auto& [type, side] : kinds) {
+        P[++row].PTYPE = type;
+        P[row].PSIDE = side;
+        Erase_Graphic(row);
+        EXPECT_EQ(P[row].PTYPE, 0);
+    }
+    EXPECT_EQ(BNAI, 1);
+    EXPECT_EQ(RTAI, 1);
+    EXPECT_EQ(BSEAD, 1);
+    EXPECT_EQ(RCFFZ, 1);
+    EXPECT_EQ(RNAI, 0);   // never below 0
+}
+
 TEST(Removal, ADeletedTargetGivesItsBatteryAMissionBack)
 {
     Board board(10, 10);

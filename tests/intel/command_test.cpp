@@ -91,6 +91,27 @@ TEST(Command, AJamOfTheUnitOrOfItsHeadquartersCostsOneLevelAndNotTwo)
     EXPECT_EQ(C2_Panel(alone).TEXT, "");
 }
 
+TEST(Command, CommunicationsAreReportedWhenTheyImproveAndNotWhenTheyFail)
+{
+    struct CASE {
+        int OLD, PIXELS, EW, TYPE;
+        const char* REPORT;   ///< "" for none
+    };
+    for (const CASE& c : {CASE{0, 400, 0, 5, "Communications are difficult with my HQ!"},
+                          CASE{0, 600, 0, 5, "Communications are difficult with my HQ!"},
+                          CASE{-1, 900, 0, 5, "Communications are lost - Where is my HQ!"}, CASE{0, 100, 0, 5, ""},
+                          CASE{2, 400, 0, 5, ""}, CASE{3, 900, 0, 5, ""}, CASE{0, 100, 5, 11, ""}}) {
+        Board board(100, 10);
+        const int hq = board.Place(BLUE, 5, 5, 18), u = board.Place(BLUE, 5 + c.PIXELS, 5, c.TYPE);
+        UNIT[u].HIGHERHQ = hq;
+        UNIT[u].C2 = c.OLD;
+        UNIT[u].EWSTATUS = c.EW;
+        C2_Check(u);
+        EXPECT_EQ(Messages(), *c.REPORT == 0 ? std::vector<std::string>{} : std::vector{Cat("B2: ", c.REPORT)})
+            << c.OLD << c.PIXELS;
+    }
+}
+
 TEST(Command, ThePanelNamesStateAndDistance)
 {
     Board board(60, 10);
@@ -157,6 +178,7 @@ TEST(Sweep, JammingReachesHalfOfTheRangeAndFindsNothing)
     IEW_Sweep(attack.COLLECTOR);
     EXPECT_EQ(UNIT[near].EWSTATUS, 10);
     EXPECT_EQ(UNIT[near].SPOTTED, 0);
+    EXPECT_EQ(Messages(), std::vector<std::string>{"Enemy EW successfully degrades R301's C2!"});
     EXPECT_EQ(UNIT[far].EWSTATUS, 0);
 
     Sweep collect(3, 0);

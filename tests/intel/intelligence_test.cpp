@@ -72,6 +72,69 @@ TEST(NAI, SeesEnemiesToFortyPixelsOnceItIsActive)
     EXPECT_EQ(RSEED, 21);                  // one roll, for the one unit inside
 }
 
+TEST(NAI, InSmokeAUnitIsSeenAtOnePixelOnly)
+{
+    for (const int pixels : {1, 2}) {
+        Board board(30, 10);
+        GTURN = 5;
+        const int u = board.Place(RED, 100 + pixels, 50);
+        UNIT[u].OBSCURED = 1;
+        Put_Area(7, 12, BLUE, 100, 50, 2);
+        Intelligence_Update();
+        EXPECT_EQ(UNIT[u].SPOTTED, pixels == 1 ? 1 : 0);
+    }
+}
+
+TEST(NAI, HelicoptersThatWaitOnAnAreaLaunchEvenAsItsWatchersDie)
+{
+    Board board(30, 10);
+    GTURN = 5;
+    BNAI = 1;
+    const int tanks = board.Place(RED, 100, 50);
+    const int ready = board.Place(BLUE, 200, 50, 11), stranded = board.Place(BLUE, 210, 50, 11);
+    const int other_prey = board.Place(BLUE, 220, 50, 11);
+    for (const int h : {ready, stranded, other_prey}) {
+        UNIT[h].MOBILITY = 3;
+        UNIT[h].MOVESTATUS = 7;
+        UNIT[h].NAI = 7;
+        UNIT[h].HPTL2 = h == other_prey ? 2 : 5;
+        UNIT[h].NUMBER_OF_NODES = h == stranded ? 0 : 1;
+    }
+    UNIT[tanks].TACOPN = 11;
+    Put_Area(7, 12, BLUE, 100, 50, 2);
+    Roll_Next(5);
+    Intelligence_Update();
+    EXPECT_EQ(P[7].PTYPE, 0);
+    EXPECT_EQ(BNAI, 0);   // another may be placed
+    EXPECT_EQ(UNIT[ready].MOVESTATUS, 9);
+    EXPECT_EQ(UNIT[stranded].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[other_prey].MOVESTATUS, 7);
+    EXPECT_TRUE(Posted("Failed AH mission; B2 did not have a flight route!"));
+}
+
+TEST(TAI, LinkedGunsFireAtASpottedUnitOfTheirClassAndOnlyOnce)
+{
+    Board board(30, 10);
+    GTURN = 5;
+    const int tanks = board.Place(RED, 100, 50), more = board.Place(RED, 110, 50), guns = board.Place(BLUE, 250, 50, 8);
+    for (const int u : {tanks, more}) UNIT[u].SPOTTED = 2;
+    UNIT[guns].MXRANGE = 30;
+    UNIT[guns].FIREMISSION = 2;
+    Put_Area(7, 13, BLUE, 100, 50, 2);
+    for (const int t : {1, 2}) {
+        TG[t].TGTYPE = 1;
+        TG[t].TGSIDE = BLUE;
+        TG[t].TGRAPHIC = 7;
+        TG[t].TGHPT = t == 1 ? 5 : 8;
+        TG[t].FUNIT = guns;
+    }
+    Intelligence_Update();
+    EXPECT_EQ(TG[1].TGTYPE, 0);
+    EXPECT_EQ(TG[2].TGTYPE, 1);   // waits for engineers
+    EXPECT_LT(UNIT[tanks].RCP2, 10.0f);
+    EXPECT_EQ(CurGraphic, 0);
+}
+
 TEST(NAI, APostureWithoutAChanceTakesThatOfTheUnitTestedBefore)
 {
     Board board(30, 10);
