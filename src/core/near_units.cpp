@@ -102,7 +102,8 @@ void Near_Rows::Look_Up(int x, int y, float reach)
     Y = y;
     REACH = reach;
     SEEN = WATCH.CHANGES;
-    const float far = reach + SHARE * WATCH.LARGEST + 2;   // distances and reaches are rounded before they are compared
+    const float far =
+        reach + SHARE * WATCH.LARGEST + 2;   // distances and reaches are rounded before they are compared
     if (!WATCH.ON || !(far < BEYOND_MEASURE)) {
         for (std::uint64_t& word : ROWS) word = ~std::uint64_t{0};
         return;

@@ -1,14 +1,15 @@
 #pragma once
-// Which units may lie near a place. A march asks that some ten thousand times a turn, and nearly all of the 600 rows are
-// far away each time. The answer only leaves out rows that cannot be near: whoever asks still tests each one, in ascending
-// order and as it stands when its turn comes, so that all results are those of the plain loop over 1..600.
+// Which units may lie near a place. A march asks that some ten thousand times a turn, and nearly all of the 600
+// rows are far away each time. The answer only leaves out rows that cannot be near: whoever asks still tests each
+// one, in ascending order and as it stands when its turn comes, so that all results are those of the plain loop
+// over 1..600.
 
 #include <cstdint>
 
 namespace sm {
 
-/// While one lives, the rows near a place are kept in strips of the map. In that time X, Y and FOOTPRINT of a unit are
-/// written by Place_Unit, Remove_Unit and Set_Footprint only; builds with assertions check that.
+/// While one lives, the rows near a place are kept in strips of the map. In that time X, Y and FOOTPRINT of a unit
+/// are written by Place_Unit, Remove_Unit and Set_Footprint only; builds with assertions check that.
 struct Places_Watched {
     Places_Watched();
     ~Places_Watched();

@@ -106,4 +106,14 @@ std::string Split_Token(std::string& line, char delimiter)
     return token;
 }
 
+std::string Number_Fields(std::initializer_list<int> numbers)
+{
+    std::string fields;
+    for (const int number : numbers) {
+        fields += std::to_string(number);
+        fields += BROKEN_BAR;
+    }
+    return fields;
+}
+
 }   // namespace sm

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -102,5 +103,7 @@ bool Same_Ignoring_Case(std::string_view a, std::string_view b);
 std::string Split_Token(std::string& line, char delimiter);
 
 inline constexpr char BROKEN_BAR = '\xA6';
+/// Number fields of a network message, each ended by the broken bar.
+std::string Number_Fields(std::initializer_list<int> numbers);
 
 }   // namespace sm

@@ -41,6 +41,7 @@ MAP_GRID Grid_For(int pixel_distance, float kilometres, int picture_width, int p
 
 std::vector<std::string> Grid_Report(const MAP_GRID& grid)
 {
+    // clang-format off
     return {
         "Square Width: " + To_Text(grid.WIDTH),
         "Number of Squares: " + std::to_string(grid.COUNT),
@@ -48,6 +49,7 @@ std::vector<std::string> Grid_Report(const MAP_GRID& grid)
         "Number of Columns: " + To_Text(grid.COLS),
         "Number of Rows: " + To_Text(grid.ROWS),
     };
+    // clang-format on
 }
 
 bool Use_Map_Grid(const MAP_GRID& grid)
@@ -82,7 +84,8 @@ bool Set_Frame(const KNOWN_POINT& a, const KNOWN_POINT& b)
 
 bool Save_Terrain_As()
 {
-    const std::string path = Screen().Ask_File({"Save Terrain File", "Terrain", "Terrain Files (*.ter)|*.ter|", true});
+    const std::string path =
+        Screen().Ask_File({"Save Terrain File", "Terrain", "Terrain Files (*.ter)|*.ter|", true});
     if (path.empty()) return false;
     std::string fault;
     if (!Write_Terrain(path, fault)) {

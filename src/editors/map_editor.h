@@ -15,8 +15,8 @@ struct MAP_GRID {
     long long COUNT = 0;      ///< cells
     bool TOO_SMALL = false;   ///< more than 150000 cells, or cells too narrow: the editor does not go on
 };
-/// From the pixels between two points (0..32767) and the kilometres told for them; a distance not above 0 counts as one
-/// pixel a kilometre. Cells that the picture's edge cuts count in full.
+/// From the pixels between two points (0..32767) and the kilometres told for them; a distance not above 0 counts
+/// as one pixel a kilometre. Cells that the picture's edge cuts count in full.
 MAP_GRID Grid_For(int pixel_distance, float kilometres, int picture_width, int picture_height);
 /// The calculator's report, line by line.
 std::vector<std::string> Grid_Report(const MAP_GRID& grid);
@@ -28,8 +28,8 @@ struct KNOWN_POINT {
     int X, Y;
     float LAT, LONG;
 };
-/// Frame ULLAT, ULLONG, DLATY, DLONGX from two known points. False, and nothing changed, when they share a column or a row
-/// of pixels or the result is no number.
+/// Frame ULLAT, ULLONG, DLATY, DLONGX from two known points. False, and nothing changed, when they share a column
+/// or a row of pixels or the result is no number.
 bool Set_Frame(const KNOWN_POINT& a, const KNOWN_POINT& b);
 
 inline constexpr const char* FRAME_INSTRUCTIONS_TITLE = "Lat-Long Editor Instructions";

@@ -27,11 +27,17 @@ enum class Triggered { NOTHING, GUNS, AIRCRAFT };
 
 Triggered Run_By(int target_type)
 {
-    switch (target_type) {
-    case 1: case 5: case 11: case 21: return Triggered::GUNS;
-    case 3: case 4: return Triggered::AIRCRAFT;
-    default: return Triggered::NOTHING;
-    }
+    struct ROW {
+        int TYPE;
+        Triggered BY;
+    };
+    static constexpr ROW ROWS[] = {
+        {1, Triggered::GUNS},  {5, Triggered::GUNS},     {11, Triggered::GUNS},
+        {21, Triggered::GUNS}, {3, Triggered::AIRCRAFT}, {4, Triggered::AIRCRAFT},
+    };
+    for (const ROW& row : ROWS)
+        if (row.TYPE == target_type) return row.BY;
+    return Triggered::NOTHING;
 }
 
 }   // namespace
@@ -67,7 +73,8 @@ void Launch_Waiting_Helicopters(int unit, int graphic)
         }
         r.MOVESTATUS = 0;
         r.NAI = 0;
-        const std::string text = Cat("Failed AH mission; ", std::string_view(r.NAME), " did not have a flight route!");
+        const std::string text =
+            Cat("Failed AH mission; ", std::string_view(r.NAME), " did not have a flight route!");
         Log(text);
         Post_Own(h, text, 0);
     }
@@ -87,8 +94,10 @@ void Fire_Linked_Targets(int unit, int graphic)
         TG[t].TGHEX = u.HEXNUM;
         CurGraphic = graphic;
         CurTarget = t;
-        if (by == Triggered::GUNS) Fire_Arty(t);
-        else Air_Mission(t);
+        if (by == Triggered::GUNS)
+            Fire_Arty(t);
+        else
+            Air_Mission(t);
         Delete_Target(t);   // otherwise it would fire at every step of every unit
     }
 }

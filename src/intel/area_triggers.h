@@ -9,10 +9,11 @@ int Area_Reach(int unit);
 bool Meets_Area(int unit, int graphic, int x, int y);
 /// The watchers of an NAI see a unit: SPOTTED rises, the view in force shows it.
 void Spot_In_Area(int unit);
-/// Helicopters of the other side that wait on this NAI for the unit's class launch, or report that they have no route.
+/// Helicopters of the other side that wait on this NAI for the unit's class launch, or report that they have no
+/// route.
 void Launch_Waiting_Helicopters(int unit, int graphic);
-/// Targets linked to this TAI for the unit's class fire at the unit's place, if it is spotted. The unit may be gone
-/// afterwards.
+/// Targets linked to this TAI for the unit's class fire at the unit's place, if it is spotted. The unit may be
+/// gone afterwards.
 void Fire_Linked_Targets(int unit, int graphic);
 
 }   // namespace sm

@@ -25,7 +25,7 @@ enum Slice_Work : unsigned {
     VEHICLE_STEP = 2,
     CONVOY_STEP = 4,   // beside its steps as a vehicle
     STEPS = FOOT_STEP | VEHICLE_STEP | CONVOY_STEP,
-    PAUSE = 8,         // the player sees the step
+    PAUSE = 8,   // the player sees the step
     DRIFT = 16,
     SENSORS = 32,
     INTERCEPTION = 64,
@@ -79,8 +79,10 @@ void Start_March(int unit)
     if (u.MOVESTATUS >= 8 && u.MOVESTATUS <= 10) {
         Tire(u, TIME_OF_DAY == "Day" ? 3 : 6);
         if (u.TYPE == 26) u.FATIGUE = 0;
-        if (u.TYPE != 11) Take_Mission(u, true);
-        else if (u.TACOPN != 3) Take_Mission(u, false);
+        if (u.TYPE != 11)
+            Take_Mission(u, true);
+        else if (u.TACOPN != 3)
+            Take_Mission(u, false);
     }
 }
 

@@ -4,7 +4,8 @@ namespace sm {
 
 /// The Movement Phase: time slices, ground and aviation passes, periodic jobs.
 void Movement();
-/// One step of a ground unit along its leg (also of a retreat by route, MOVESTATUS 5). The unit may be gone afterwards.
+/// One step of a ground unit along its leg (also of a retreat by route, MOVESTATUS 5). The unit may be gone
+/// afterwards.
 void Move_Units(int unit);
 /// Points to enter a cell; `carried` (the cost of the cell before) where no rule fits.
 int Cell_Cost(int unit, int hex, int carried);

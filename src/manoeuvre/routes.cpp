@@ -97,14 +97,12 @@ void Add_Move_Node(int unit, int row, int x, int y)
     } else {
         if (u.MOVESTATUS != 10 && u.MOVESTATUS != 7) u.MOVESTATUS = 9;
         if (total > FLIGHT_LIMIT) {
-            if (NetRole == 1) Send_Net_Message(Cat("75\xA6", To_Text(unit), "\xA6"));
+            if (NetRole == 1) Send_Net_Message(Number_Fields({75, unit}));
             Clear_Route(unit);
             return;
         }
     }
-    if (NetRole == 1)
-        Send_Net_Message(
-            Cat("70\xA6", To_Text(unit), "\xA6", To_Text(x), "\xA6", To_Text(y), "\xA6", To_Text(row), "\xA6"));
+    if (NetRole == 1) Send_Net_Message(Number_Fields({70, unit, x, y, row}));
     Screen().Changed(Redraw::ROUTES);
 }
 

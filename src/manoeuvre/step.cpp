@@ -43,7 +43,7 @@ constexpr COST_ROW COSTS[] = {
     { 21, 27,   3,   3,   3 },   // fortification
 };
 // clang-format on
-constexpr int CONVOY_ON_IMPASSABLE = 24;   // by road, wheeled or tracked
+constexpr int CONVOY_ON_IMPASSABLE = 24;         // by road, wheeled or tracked
 constexpr int COST_CAP = 12, CAPPED_COST = 10;   // of a combat unit, but on the sea
 constexpr int COST_OFF_PICTURE = 200;
 
@@ -232,7 +232,8 @@ int Terrain_Cost(int unit, int value, int carried)
         if (u.MOBILITY == 2) cost = row.TRACKED;
         break;
     }
-    if (value == IMPASSABLE && u.SIZE == CONVOY && (u.MOBILITY == 1 || u.MOBILITY == 2)) cost = CONVOY_ON_IMPASSABLE;
+    if (value == IMPASSABLE && u.SIZE == CONVOY && (u.MOBILITY == 1 || u.MOBILITY == 2))
+        cost = CONVOY_ON_IMPASSABLE;
     if (cost > COST_CAP && u.SIZE != CONVOY && value != SEA) cost = CAPPED_COST;
     return cost;
 }

@@ -7,8 +7,8 @@ namespace sm {
 
 namespace {
 
-/// One 100-kilometre square as it lies on a stock map, in picture pixels: X1 <= x < X2, Y1 <= y < Y2. Kilometres east
-/// are (x - X1) / s + EAST, kilometres north are NORTH - y / s, in whole division; s is MAPSCALE rounded.
+/// One 100-kilometre square as it lies on a stock map, in picture pixels: X1 <= x < X2, Y1 <= y < Y2. Kilometres
+/// east are (x - X1) / s + EAST, kilometres north are NORTH - y / s, in whole division; s is MAPSCALE rounded.
 struct GRID_SQUARE {
     int MAP;   // SCENARION
     int X1, X2, Y1, Y2;
@@ -16,10 +16,11 @@ struct GRID_SQUARE {
     int EAST, NORTH;
 };
 
-// The bounds are where the lines of the true UTM grid (WGS 84) cross the frame of the map; the offsets are those that
-// read nearest to the truth over the whole square, as s is the map's scale only to the nearest pixel and the grid lies
-// askew in the frame: within 6 km everywhere, but 8 km on the training centre's map and 11 km on Kuwait-1. Germany-1 lies
-// on both sides of 12 degrees east (zones 32 and 33), Kuwait-1 on both sides of 48 degrees east (38 and 39).
+// The bounds are where the lines of the true UTM grid (WGS 84) cross the frame of the map; the offsets are those
+// that read nearest to the truth over the whole square, as s is the map's scale only to the nearest pixel and the
+// grid lies askew in the frame: within 6 km everywhere, but 8 km on the training centre's map and 11 km on
+// Kuwait-1. Germany-1 lies on both sides of 12 degrees east (zones 32 and 33), Kuwait-1 on both sides of 48
+// degrees east (38 and 39).
 // clang-format off
 constexpr GRID_SQUARE SQUARES[] = {
     // MAP X1    X2    Y1    Y2   LETTERS EAST NORTH
@@ -106,7 +107,8 @@ bool Has_Grid_Data() { return SCENARION >= 1 && SCENARION <= STOCK_MAPS; }
 std::string Grid_Reference(int x, int y)
 {
     for (const GRID_SQUARE& square : SQUARES) {
-        if (square.MAP != SCENARION || x < square.X1 || x >= square.X2 || y < square.Y1 || y >= square.Y2) continue;
+        if (square.MAP != SCENARION || x < square.X1 || x >= square.X2 || y < square.Y1 || y >= square.Y2)
+            continue;
         const int east = Int_Div(x - square.X1, MAPSCALE) + square.EAST;
         const int north = square.NORTH - Int_Div(y, MAPSCALE);
         // A stock map under another scale has no square for what lies past 100 kilometres.

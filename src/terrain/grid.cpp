@@ -56,18 +56,11 @@ void Set_Cell(int hex, int value, std::string_view name)
 
 const char* Terrain_Name(int value)
 {
-    switch (value) {
-    case 0: return "";
-    case 1: return "Restricted";
-    case 2: return "Severely Restricted";
-    case 3: return "Beach";
-    case 4: return "Urban";
-    case 5: return "River";
-    case 6: return "Impassable";
-    case 7: return "Bridge";
-    case 10: return "Sea";
-    default: return nullptr;
-    }
+    static constexpr const char* NAMES[] = {
+        "",      "Restricted", "Severely Restricted", "Beach", "Urban", "River", "Impassable", "Bridge", nullptr,
+        nullptr, "Sea",
+    };
+    return value >= 0 && value <= 10 ? NAMES[value] : nullptr;
 }
 
 int Picture_Width() { return PICTURE_WIDTH > 0 ? PICTURE_WIDTH : Round_Even(NUMCOLS) * HEXWIDTH; }

@@ -53,10 +53,14 @@ void Load_Picture()
     Set_Picture_Size(LOADED.WIDTH, LOADED.HEIGHT);
 }
 
+/// What a row of this type adds to the value of its cell.
+int Added_By(int type) { return type == 8 ? 11 : type == 9 ? 21 : 0; }
+
 /// What forbids a grid, empty when nothing does. Positions are 16 bits wide, so the grid must fit into them.
 std::string Grid_Fault()
 {
-    const auto whole = [](float n) { return n >= 1 && n <= static_cast<float>(MAX_HEX); };   // false for a NaN, too
+    // False for a NaN, too.
+    const auto whole = [](float n) { return n >= 1 && n <= static_cast<float>(MAX_HEX); };
     if (!whole(NUMROWS) || !whole(NUMCOLS)) return "the numbers of rows and columns are no grid";
     if (static_cast<double>(NUMROWS) * static_cast<double>(NUMCOLS) > MAX_HEX)
         return Cat("the grid has more than ", To_Text(MAX_HEX), " squares");
@@ -96,7 +100,8 @@ bool Load_Terrain()
     return Tell_Fault(name, fault);
 }
 
-/// Bridges drawn on the map get rows of their own, so that they can be blown, unless the game knows the cell already.
+/// Bridges drawn on the map get rows of their own, so that they can be blown, unless the game knows the cell
+/// already.
 void Take_Map_Bridges()
 {
     std::vector<char> known(static_cast<std::size_t>(HEXCOUNT) + 1, 0);
@@ -135,14 +140,9 @@ void Lay_Overlays()
     for (int row = 1; row <= MAX_BG; ++row) {
         const int hex = BG[row].BGHEX;
         if (hex < 1 || hex > HEXCOUNT) continue;
-        if (BG[row].BGTYPE == 8) {
-            HEXMAP[hex].TVALUE += 11;
-            HEXMAP[hex].TNAME = "Obstacle";
-        }
-        if (BG[row].BGTYPE == 9) {
-            HEXMAP[hex].TVALUE += 21;
-            HEXMAP[hex].TNAME = "Fortification";
-        }
+        HEXMAP[hex].TVALUE += Added_By(BG[row].BGTYPE);
+        if (BG[row].BGTYPE == 8) HEXMAP[hex].TNAME = "Obstacle";
+        if (BG[row].BGTYPE == 9) HEXMAP[hex].TNAME = "Fortification";
     }
 }
 
@@ -203,13 +203,15 @@ bool Take_Terrain(std::string_view content, std::string& fault)
 {
     const std::size_t wanted = static_cast<std::size_t>(HEXCOUNT) * TERRAIN_RECORD_BYTES;
     if (HEXCOUNT < 0 || HEXCOUNT > MAX_HEX || content.size() < wanted) {
-        fault = Cat("it has ", To_Text(static_cast<int>(content.size())), " bytes, and the grid of ", To_Text(HEXCOUNT),
-                    " squares needs ", To_Text(static_cast<int>(wanted)));
+        fault = Cat("it has ", To_Text(static_cast<int>(content.size())), " bytes, and the grid of ",
+                    To_Text(HEXCOUNT), " squares needs ", To_Text(static_cast<int>(wanted)));
         return false;
     }
     const auto number = [&](std::size_t at) {
-        const unsigned bits = static_cast<unsigned char>(content[at]) | static_cast<unsigned char>(content[at + 1]) << 8;
-        return static_cast<int>(bits) - (bits > 32767 ? 65536 : 0);
+        const int low = static_cast<unsigned char>(content[at]),
+                  high = static_cast<unsigned char>(content[at + 1]);
+        const int bits = low + 256 * high;
+        return bits > 32767 ? bits - 65536 : bits;
     };
     int strange = 0;
     std::size_t at = 0;
@@ -229,7 +231,8 @@ bool Take_Terrain(std::string_view content, std::string& fault)
         cell.TCONTAM = number(at + 19);
     }
     for (int hex = HEXCOUNT + 1; hex <= MAX_HEX; ++hex) HEXMAP[hex] = HEXMAP_RECORD{};
-    if (strange > 0) Log(Cat(To_Text(strange), " squares of the terrain file have no terrain value: unrestricted"));
+    if (strange > 0)
+        Log(Cat(To_Text(strange), " squares of the terrain file have no terrain value: unrestricted"));
     if (content.size() > wanted) Log("The terrain file has more squares than the map");
     return true;
 }
@@ -239,7 +242,7 @@ std::string Terrain_Content()
     std::vector<int> overlay(static_cast<std::size_t>(HEXCOUNT) + 1, 0);
     for (int row = 1; row <= MAX_BG; ++row)
         if (BG[row].BGHEX >= 1 && BG[row].BGHEX <= HEXCOUNT)
-            overlay[static_cast<std::size_t>(BG[row].BGHEX)] += BG[row].BGTYPE == 8 ? 11 : BG[row].BGTYPE == 9 ? 21 : 0;
+            overlay[static_cast<std::size_t>(BG[row].BGHEX)] += Added_By(BG[row].BGTYPE);
     std::string content;
     content.reserve(static_cast<std::size_t>(HEXCOUNT) * TERRAIN_RECORD_BYTES);
     const auto put = [&](int number) {
@@ -274,26 +277,23 @@ void Change_Crossing()
     if (hex < 1 || hex > HEXCOUNT || HEXMAP[hex].TVALUE < 11) return;
     for (int row = 1; row <= MAX_BG; ++row) {
         // A bridge under the overlay keeps its row: without it the next load would bring a blown one back.
-        if (BG[row].BGHEX != hex || (BG[row].BGTYPE != 8 && BG[row].BGTYPE != 9)) continue;
-        int value = HEXMAP[hex].TVALUE;
-        if (BG[row].BGTYPE == 8) {
-            value -= 11;
-            Give_Back(BG[row].BGSIDE, BOBST, ROBST);
-        } else {
-            value -= 21;
-            Give_Back(BG[row].BGSIDE, BFORTS, RFORTS);
-        }
+        if (BG[row].BGHEX != hex || Added_By(BG[row].BGTYPE) == 0) continue;
+        if (BG[row].BGTYPE == 8) Give_Back(BG[row].BGSIDE, BOBST, ROBST);
+        if (BG[row].BGTYPE == 9) Give_Back(BG[row].BGSIDE, BFORTS, RFORTS);
+        int value = HEXMAP[hex].TVALUE - Added_By(BG[row].BGTYPE);
         if (value < 0) value = 0;
         const char* name = Terrain_Name(value);
         Set_Cell(hex, value, name != nullptr ? std::string(name) : HEXMAP[hex].TNAME.Str());
         Erase_Bridge(row);
-        Send_Net_Message(Cat("13\xA6", To_Text(row), "\xA6""0\xA6""0\xA6""0\xA6""0\xA6", To_Text(hex), "\xA6"));
+        Send_Net_Message(Number_Fields({13, row, 0, 0, 0, 0, hex}));
     }
 }
 
 void Assign_Terrain(int hex, int tool, const std::string& label)
 {
-    struct TOOL { int MODE, VALUE; };
+    struct TOOL {
+        int MODE, VALUE;
+    };
     static constexpr TOOL TOOLS[] = {
         {230, 0}, {231, 1}, {232, 2}, {233, 3}, {234, 4}, {235, 5}, {236, 6}, {240, 10},
     };
@@ -305,8 +305,8 @@ void Assign_Terrain(int hex, int tool, const std::string& label)
     if (tool == 242) HEXMAP[hex].THIGH = 0;
     Set_Cell(hex, value, value < 1 ? std::string() : label);
     if (NetRole == 1)
-        Send_Net_Message(Cat("9\xA6""0\xA6""0\xA6""0\xA6""0\xA6""0\xA6", To_Text(hex), "\xA6", To_Text(value), "\xA6",
-                             std::string_view(HEXMAP[hex].TNAME), "\xA6", To_Text(HEXMAP[hex].THIGH), "\xA6"));
+        Send_Net_Message(Cat(Number_Fields({9, 0, 0, 0, 0, 0, hex, value}), std::string_view(HEXMAP[hex].TNAME),
+                             "\xA6", Number_Fields({HEXMAP[hex].THIGH})));
 }
 
 namespace {

@@ -6,16 +6,17 @@
 
 namespace sm {
 
-/// Prepares the map of the game in play: picture size, HEXCOUNT, base terrain from the .ter file, bridges of the map,
-/// overlays of BG, terrain under every unit. Runs after every load, tape and transfer. False when the terrain file cannot
-/// be read (the log and a box say so); the grid is then unrestricted ground. False too for a grid that no map can have
-/// (more than 150000 cells, no scale): HEXCOUNT is then 0. A game that names no map at all is fine, with HEXCOUNT 0.
+/// Prepares the map of the game in play: picture size, HEXCOUNT, base terrain from the .ter file, bridges of the
+/// map, overlays of BG, terrain under every unit. Runs after every load, tape and transfer. False when the terrain
+/// file cannot be read (the log and a box say so); the grid is then unrestricted ground. False too for a grid that
+/// no map can have (more than 150000 cells, no scale): HEXCOUNT is then 0. A game that names no map at all is
+/// fine, with HEXCOUNT 0.
 bool Prepare_Map();
 
 /// Bytes of one cell in a terrain file: value, name of 15 characters, high-ground flag, contamination flag.
 inline constexpr int TERRAIN_RECORD_BYTES = 21;
-/// Reads HEXCOUNT records of 21 bytes into HEXMAP; cells beyond HEXCOUNT are cleared. `fault` says what is wrong; HEXMAP
-/// is then untouched.
+/// Reads HEXCOUNT records of 21 bytes into HEXMAP; cells beyond HEXCOUNT are cleared. `fault` says what is wrong;
+/// HEXMAP is then untouched.
 bool Read_Terrain(const std::string& path, std::string& fault);
 /// The same from the content of a file.
 bool Take_Terrain(std::string_view content, std::string& fault);
@@ -46,8 +47,8 @@ struct STOCK_MAP {
 inline constexpr int STOCK_MAPS = 6;
 /// Row of a stock map; a number outside 1..6 is a range failure.
 const STOCK_MAP& Stock_Map(int number);
-/// Sets map, terrain file, grid and frame of a stock map; clears all BG rows. 0 is "User-Created": the map in play stays
-/// for the map editor. Prepare_Map then loads it.
+/// Sets map, terrain file, grid and frame of a stock map; clears all BG rows. 0 is "User-Created": the map in play
+/// stays for the map editor. Prepare_Map then loads it.
 void Choose_Stock_Map(int number);
 
 }   // namespace sm

@@ -20,7 +20,8 @@ int Sight_Fault(const char* line)
 int Line_Of_Sight(int unit, int x, int y)
 {
     const UNIT_RECORD& u = UNIT[unit];
-    // Column + row - 1, and not the target's cell: the exemption of a high target is read in the map's first column.
+    // Column + row - 1, and not the target's cell: the exemption of a high target is read in the map's first
+    // column.
     const float columns = static_cast<float>(Int_Div(x, HEXWIDTH)) + NUMROWS;
     const float rows = NUMROWS - static_cast<float>(Int_Div(y, HEXWIDTH)) + 1;
     const int t = Round_Even(columns - rows);

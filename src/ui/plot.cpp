@@ -6,29 +6,22 @@
 #include "manoeuvre/placement.h"
 #include "manoeuvre/routes.h"
 #include "net/protocol.h"
+#include "ui/planning_seat.h"
 
 namespace sm {
 
 namespace {
 
-constexpr int FORTIFYING = 3;      // TIMEREGR above this: a fortification is under construction
-constexpr int EXHAUSTED = 21;      // FATIGUE above this: no flight
+constexpr int FORTIFYING = 3;   // TIMEREGR above this: a fortification is under construction
+constexpr int EXHAUSTED = 21;   // FATIGUE above this: no flight
 constexpr int GAME_EDITOR = 5;
+constexpr const char* DESIRED_ZONE = "Click on desired PZ (movement node)";
 
 bool Is_Unit(int unit) { return unit >= 1 && unit <= MAX_UNIT; }
 
-/// "code|unit|" and further numbers, each ended by the broken bar.
-template <class... Numbers>
-void Send_Order(int code, Numbers... numbers)
-{
-    std::string text = To_Text(code) + BROKEN_BAR;
-    ((text += To_Text(static_cast<int>(numbers)) + BROKEN_BAR), ...);
-    Send_Net_Message(text);
-}
-
 void Drop_Route(int unit)
 {
-    Send_Order(75, unit);
+    Send_Net_Message(Number_Fields({75, unit}));
     Clear_Route(unit);
     Screen().Unit_Changed(unit);
 }
@@ -41,7 +34,7 @@ void Start_Plotting(int unit)
                                                 "fortification. Do you wish to continue?"))
             return;
         u.TIMEREGR = 0;
-        Send_Order(26, unit);
+        Send_Net_Message(Number_Fields({26, unit}));
     }
     MapMode = MODE_PLOT;
     Screen().Changed(Redraw::ROUTES);
@@ -65,7 +58,7 @@ void Start_Arrival(int unit)
 void Mark_Arrival(int unit, int x, int y)
 {
     Wait_Off_Map(unit, x, y);
-    Send_Order(79, unit, UNIT[unit].X, UNIT[unit].Y, x, y);
+    Send_Net_Message(Number_Fields({79, unit, UNIT[unit].X, UNIT[unit].Y, x, y}));
     MapMode = 0;
     Screen().Box("On-Map Arrival", "Location has been recorded!");
 }
@@ -77,7 +70,7 @@ void Put_Picked_Node(int x, int y)
     MapMode = MODE_PLOT;
     if (row < 1 || row > MAX_MN || !Is_Unit(MN[row].MNUNIT)) return;
     const int unit = MN[row].MNUNIT;
-    Send_Order(74, unit, x, y, row);
+    Send_Net_Message(Number_Fields({74, unit, x, y, row}));
     if (Move_Node(row, x, y) > FLIGHT_LIMIT && UNIT[unit].MOBILITY == 3)
         Screen().Box("Stonemarch", "WARNING: Current Plot exceeds planning range of this unit!");
     Screen().Unit_Changed(unit);
@@ -87,18 +80,14 @@ void Put_Picked_Node(int x, int y)
 void Set_Landing_Zone(int unit, int row)
 {
     UNIT[unit].LZ = row;
-    Send_Order(168, unit, row);
+    Send_Net_Message(Number_Fields({168, unit, row}));
     MapMode = 0;
     Screen().Unit_Changed(unit);
 }
 
 }   // namespace
 
-bool May_Order(int unit)
-{
-    if (!Is_Unit(unit) || UNIT[unit].STATUS < 1 || SEAT.TurnRunning) return false;
-    return ActiveSide == 3 ? UserSide == 5 : UNIT[unit].SIDE == ActiveSide;
-}
+bool May_Order(int unit) { return Is_Unit(unit) && UNIT[unit].STATUS > 0 && Side_May_Order(UNIT[unit].SIDE); }
 
 void Choose_Plot_Item(int item)
 {
@@ -108,35 +97,36 @@ void Choose_Plot_Item(int item)
     MapMode = 0;
     DrawMode = 0;
     if (UNIT[unit].TYPE == 50) {
-        if (GameType == GAME_EDITOR) MapMode = MODE_PLACE_UNIT;
-        else Screen().Box("From G-3", "LOCs can only be magic-moved within the scenario editor!");
+        if (GameType == GAME_EDITOR)
+            MapMode = MODE_PLACE_UNIT;
+        else
+            Screen().Box("From G-3", "LOCs can only be magic-moved within the scenario editor!");
         return;
     }
+    // clang-format off
     switch (item) {
-    case PLOT_ROUTE: Start_Plotting(unit); break;
-    case PLOT_CANCEL: Drop_Route(unit); break;
-    case PLOT_MAGIC_MOVE: MapMode = MODE_PLACE_UNIT; break;
+    case PLOT_ROUTE:        Start_Plotting(unit); break;
+    case PLOT_CANCEL:       Drop_Route(unit); break;
+    case PLOT_MAGIC_MOVE:   MapMode = MODE_PLACE_UNIT; break;
     case PLOT_ORBIT:
         Await_Node(MODE_ORBIT, UNIT[unit].TYPE == 11 ? "From: G-3(Air)" : "From: G-2",
                    "Click on desired orbit location (movement node)");
         break;
     case PLOT_TURN_LEFT:
-        Send_Order(76, unit);
+        Send_Net_Message(Number_Fields({76, unit}));
         Turn_Left(unit);
         break;
     case PLOT_TURN_RIGHT:
-        Send_Order(77, unit);
+        Send_Net_Message(Number_Fields({77, unit}));
         Turn_Right(unit);
         break;
-    case PLOT_PICK_UP_ZONE:
-        Await_Node(MODE_PICK_UP_ZONE, "From: G-3(AIR)", "Click on desired PZ (movement node)");
-        break;
-    case PLOT_LANDING_ZONE:   // asked for in the same words
-        Await_Node(MODE_LANDING_ZONE, "From: G-3(AIR)", "Click on desired PZ (movement node)");
-        break;
-    case PLOT_ARRIVAL: Start_Arrival(unit); break;
-    default: break;
+    // Both zones are asked for in the same words.
+    case PLOT_PICK_UP_ZONE: Await_Node(MODE_PICK_UP_ZONE, "From: G-3(AIR)", DESIRED_ZONE); break;
+    case PLOT_LANDING_ZONE: Await_Node(MODE_LANDING_ZONE, "From: G-3(AIR)", DESIRED_ZONE); break;
+    case PLOT_ARRIVAL:      Start_Arrival(unit); break;
+    default:                break;
     }
+    // clang-format on
 }
 
 bool Plot_Map_Click(int x, int y)
@@ -144,11 +134,20 @@ bool Plot_Map_Click(int x, int y)
     const int unit = SelUnit;
     if (!May_Order(unit)) return false;
     switch (MapMode) {
-    case MODE_MOVE_NODE: Put_Picked_Node(x, y); return true;
-    case MODE_PLOT: Plot_Move(unit, x, y); return true;
-    case MODE_PLACE_UNIT: Magic_Move(unit, x, y); return true;
-    case MODE_ARRIVAL: Mark_Arrival(unit, x, y); return true;
-    default: return false;
+    case MODE_MOVE_NODE:
+        Put_Picked_Node(x, y);
+        return true;
+    case MODE_PLOT:
+        Plot_Move(unit, x, y);
+        return true;
+    case MODE_PLACE_UNIT:
+        Magic_Move(unit, x, y);
+        return true;
+    case MODE_ARRIVAL:
+        Mark_Arrival(unit, x, y);
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -163,13 +162,16 @@ bool Plot_Node_Click(int row)
         SEAT.PickedNode = row;
         MapMode = MODE_MOVE_NODE;
         return true;
-    case MODE_ORBIT: case MODE_LANDING_ZONE:
+    case MODE_ORBIT:
+    case MODE_LANDING_ZONE:
         if (own) Set_Landing_Zone(unit, row);
         return own;
     case MODE_PICK_UP_ZONE:
-        if (own && Units_At_Pick_Up_Zone(unit, row).empty()) Screen().Box("From: G-3(AIR)", "PZ is not close to any units");
+        if (own && Units_At_Pick_Up_Zone(unit, row).empty())
+            Screen().Box("From: G-3(AIR)", "PZ is not close to any units");
         return own;   // the window asks for the passenger
-    default: return false;
+    default:
+        return false;
     }
 }
 
@@ -187,8 +189,10 @@ void Plot_Move(int unit, int x, int y)
         Drop_Route(unit);
         return;
     }
-    if (NetRole == 2) Send_Order(71, unit, x, y);
-    else Add_Move_Node(unit, Next_Free_Node(unit), x, y);
+    if (NetRole == 2)
+        Send_Net_Message(Number_Fields({71, unit, x, y}));
+    else
+        Add_Move_Node(unit, Next_Free_Node(unit), x, y);
     Screen().Unit_Changed(unit);
     Screen().Changed(Redraw::ROUTES);
 }
@@ -196,7 +200,7 @@ void Plot_Move(int unit, int x, int y)
 void Magic_Move(int unit, int x, int y)
 {
     Put_Unit(unit, x, y);
-    Send_Order(73, unit, x, y);
+    Send_Net_Message(Number_Fields({73, unit, x, y}));
     MapMode = 0;
     Show_Picture(unit);
     Screen().Changed(Redraw::ROUTES);
@@ -219,7 +223,7 @@ void Choose_Passenger(int lift, int passenger, int row)
     if (!May_Order(lift) || !Is_Unit(passenger) || row < 1 || row > MAX_MN || MN[row].MNUNIT != lift) return;
     UNIT[passenger].CARRIER = lift;
     UNIT[lift].PZ = row;
-    Send_Order(167, lift, passenger, row);
+    Send_Net_Message(Number_Fields({167, lift, passenger, row}));
     Show_Status(Cat(std::string_view(UNIT[passenger].NAME), " will be picked up at this PZ."));
     Await_Node(MODE_LANDING_ZONE, "From: G-3(AIR)", "Now click on the node that will serve as the LZ.");
 }

@@ -8,8 +8,15 @@ namespace sm {
 
 /// Items of the plot list, in its order.
 enum Plot_Item {
-    PLOT_ROUTE, PLOT_CANCEL, PLOT_MAGIC_MOVE, PLOT_ORBIT, PLOT_TURN_LEFT, PLOT_TURN_RIGHT, PLOT_PICK_UP_ZONE,
-    PLOT_LANDING_ZONE, PLOT_ARRIVAL
+    PLOT_ROUTE,
+    PLOT_CANCEL,
+    PLOT_MAGIC_MOVE,
+    PLOT_ORBIT,
+    PLOT_TURN_LEFT,
+    PLOT_TURN_RIGHT,
+    PLOT_PICK_UP_ZONE,
+    PLOT_LANDING_ZONE,
+    PLOT_ARRIVAL
 };
 inline constexpr const char* PLOT_LABELS[] = {
     "Plot", "Cancel", "Magic move", "Orbit", "Turn left", "Turn right", "Pick-up zone", "Landing zone", "Arrival",

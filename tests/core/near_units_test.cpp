@@ -53,7 +53,8 @@ TEST(Near_Rows_Test, AWalkMeetsEveryUnitWithinReachInAscendingOrder)
 TEST(Near_Rows_Test, AWalkFollowsUnitsAndGroundThatChangeUnderIt)
 {
     Board board(300, 3);
-    const int first = board.Place(BLUE, 5, 5), second = board.Place(BLUE, 2005, 5), third = board.Place(BLUE, 2905, 5);
+    const int first = board.Place(BLUE, 5, 5), second = board.Place(BLUE, 2005, 5),
+              third = board.Place(BLUE, 2905, 5);
     const Places_Watched watched;
     Near_Rows near(0.5f);
     ASSERT_EQ(near.Next(5, 5, 10), first);
@@ -107,7 +108,10 @@ std::uint64_t Crowded_March(bool watch)
     return State_Hash();
 }
 
-TEST(Near_Rows_Test, AMarchComesOutTheSameWithAndWithoutTheWatch) { EXPECT_EQ(Crowded_March(true), Crowded_March(false)); }
+TEST(Near_Rows_Test, AMarchComesOutTheSameWithAndWithoutTheWatch)
+{
+    EXPECT_EQ(Crowded_March(true), Crowded_March(false));
+}
 
 }   // namespace
 }   // namespace sm::test

@@ -26,7 +26,7 @@ TEST(Map_Scale, SmallScalesAreRefusedAndLeaveOneSquare)
     Board board(4, 4);
     EXPECT_FALSE(Grid_For(250, 100, 900, 900).WIDTH >= 3);   // 2.5 rounds to the even 2
     EXPECT_TRUE(Grid_For(250, 100, 900, 900).TOO_SMALL);
-    EXPECT_EQ(Grid_For(350, 100, 900, 900).WIDTH, 4);        // 3.5 rounds to the even 4
+    EXPECT_EQ(Grid_For(350, 100, 900, 900).WIDTH, 4);         // 3.5 rounds to the even 4
     EXPECT_FALSE(Grid_For(300, 100, 1200, 1125).TOO_SMALL);   // 400 x 375 = 150000
     EXPECT_TRUE(Grid_For(300, 100, 1203, 1125).TOO_SMALL);    // 401 x 375
     EXPECT_TRUE(Grid_For(50, 0, 900, 900).TOO_SMALL);         // no distance: 1 pixel a kilometre

@@ -42,7 +42,11 @@ struct Approach {
 
 TEST(Area_Triggers, AnAreaSeesUpToFortyPixelsFromThePlaceAhead)
 {
-    struct CASE { const char* WHAT; int X; int SIDE, AGE, TURN, OBSCURED, SPOTTED; };
+    struct CASE {
+        const char* WHAT;
+        int X;
+        int SIDE, AGE, TURN, OBSCURED, SPOTTED;
+    };
     const CASE cases[] = {
         {"at 40", 55, BLUE, 2, 3, 0, 1},
         {"at 41", 56, BLUE, 2, 3, 0, 0},
@@ -75,7 +79,8 @@ TEST(Area_Triggers, WaitingHelicoptersLaunchForTheirClasses)
 {
     Approach a;   // a tank unit: class 5
     a.Area(7, 12, 15, 105);
-    const int first = a.Helicopter(7, 2, 5), second = a.Helicopter(7, 2, 3, 5), other_class = a.Helicopter(7, 2, 3);
+    const int first = a.Helicopter(7, 2, 5), second = a.Helicopter(7, 2, 3, 5),
+              other_class = a.Helicopter(7, 2, 3);
     const int other_area = a.Helicopter(8, 2, 5), no_route = a.Helicopter(7, 0, 5), flying = a.Helicopter(7, 2, 5);
     UNIT[flying].MOVESTATUS = 8;
     Move_Units(a.unit);

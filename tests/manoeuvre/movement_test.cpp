@@ -9,8 +9,8 @@
 namespace sm::test {
 namespace {
 
-// Cells of 10 pixels, MAPSCALE 10. A battalion covers 40 pixels on the attack (half of 8 x 10), so friends hinder each
-// other within 20: tests that do not want that keep units further apart.
+// Cells of 10 pixels, MAPSCALE 10. A battalion covers 40 pixels on the attack (half of 8 x 10), so friends hinder
+// each other within 20: tests that do not want that keep units further apart.
 
 /// A long open road of `columns` cells and a unit with a route to its end.
 int On_The_Road(Board& board, int columns, int mobility, int points, int size = 3)
@@ -32,16 +32,16 @@ TEST(Movement_Pace, StepsOfATurnFollowMobilityAndLength)
 {
     const PACE paces[] = {
         {"foot, two hours", 0, 3, 6, 0, 6},
-        {"foot with points to spare", 0, 3, 24, 0, 6},     // slices 62, 132, 198, 264, 330, 396
-        {"foot, one hour", 0, 3, 6, 1, 3},                 // up to 198
-        {"foot, fifteen minutes", 0, 3, 6, 2, 0},          // 62 never comes
-        {"wheels, two hours", 1, 3, 24, 0, 24},            // of 25 slices
+        {"foot with points to spare", 0, 3, 24, 0, 6},   // slices 62, 132, 198, 264, 330, 396
+        {"foot, one hour", 0, 3, 6, 1, 3},               // up to 198
+        {"foot, fifteen minutes", 0, 3, 6, 2, 0},        // 62 never comes
+        {"wheels, two hours", 1, 3, 24, 0, 24},          // of 25 slices
         {"tracks with points to spare", 2, 3, 40, 0, 25},
-        {"tracks, one hour", 2, 3, 24, 1, 12},             // 16 to 192
-        {"tracks, fifteen minutes", 2, 3, 24, 2, 3},       // 16, 32, 48
-        {"convoy, two hours", 1, 100, 48, 0, 36},          // 25 and 11 more
-        {"convoy, one hour", 1, 100, 48, 1, 18},           // 12 and 30, 60, 90, 120, 150, 180
-        {"convoy, fifteen minutes", 2, 100, 48, 2, 4},     // 3 and 30
+        {"tracks, one hour", 2, 3, 24, 1, 12},           // 16 to 192
+        {"tracks, fifteen minutes", 2, 3, 24, 2, 3},     // 16, 32, 48
+        {"convoy, two hours", 1, 100, 48, 0, 36},        // 25 and 11 more
+        {"convoy, one hour", 1, 100, 48, 1, 18},         // 12 and 30, 60, 90, 120, 150, 180
+        {"convoy, fifteen minutes", 2, 100, 48, 2, 4},   // 3 and 30
         {"convoy on foot", 0, 100, 48, 0, 6},
         {"line of communication", 10, 0, 24, 0, 0},
     };
@@ -81,7 +81,8 @@ TEST(Movement_Start, TheMarchEndsADefenceAndTires)
 {
     Board board(30, 30);
     const auto at = [&](int n, int type) { return board.Place(BLUE, 5, 5 + 10 * n, type); };
-    const int tank = at(0, 5), guns = at(3, 7), halted = at(6, 5), screen = at(9, 5), hq = at(12, 18), still = at(15, 5);
+    const int tank = at(0, 5), guns = at(3, 7), halted = at(6, 5), screen = at(9, 5), hq = at(12, 18),
+              still = at(15, 5);
     for (const int u : {tank, guns}) {
         UNIT[u].MOVESTATUS = 2;
         UNIT[u].TACOPN = 11;
@@ -116,12 +117,14 @@ TEST(Movement_Start, FlyingTiresTwiceAsMuchByNight)
     Board board(30, 30);
     TurnLength = 2;
     TIME_OF_DAY = "Night";
-    struct FLYER { int TYPE, TACOPN, FATIGUE, NEW_TACOPN; };
+    struct FLYER {
+        int TYPE, TACOPN, FATIGUE, NEW_TACOPN;
+    };
     const FLYER flyers[] = {
-        {11, 1, 8, 0},    // 2 + 6
-        {11, 3, 8, 3},    // security stands
+        {11, 1, 8, 0},   // 2 + 6
+        {11, 3, 8, 3},   // security stands
         {12, 0, 8, 4},
-        {26, 0, 0, 4},    // an unmanned aircraft does not tire
+        {26, 0, 0, 4},   // an unmanned aircraft does not tire
     };
     int units[4];
     for (int i = 0; i < 4; ++i) {
@@ -153,13 +156,13 @@ struct STACK {
 TEST(Movement_Stacking, TheFirstFriendHinders)
 {
     const STACK stacks[] = {
-        {"an equal, open", 0, 5, 3, 3, '.', 2},        // 1 x 1.5 = 1.5, to the even 2
-        {"an equal, bridge", 0, 5, 3, 4, '=', 4},      // 3 x 1.5 = 4.5, to the even 4
+        {"an equal, open", 0, 5, 3, 3, '.', 2},     // 1 x 1.5 = 1.5, to the even 2
+        {"an equal, bridge", 0, 5, 3, 4, '=', 4},   // 3 x 1.5 = 4.5, to the even 4
         {"a smaller one", 0, 5, 3, 2, '=', 3},
         {"controlled tanks", 1, 5, 3, 3, '=', 3},
         {"a controlled headquarters", 1, 18, 3, 3, '=', 6},
-        {"controlled guns", 1, 8, 3, 2, '=', 4},       // 3 x 1.3 = 3.9
-        {"controlled guns, open", 1, 8, 3, 3, '.', 1}, // 1.3
+        {"controlled guns", 1, 8, 3, 2, '=', 4},         // 3 x 1.3 = 3.9
+        {"controlled guns, open", 1, 8, 3, 3, '.', 1},   // 1.3
     };
     for (const STACK& s : stacks) {
         Board board(20, 20);
@@ -179,7 +182,11 @@ TEST(Movement_Stacking, TheFirstFriendHinders)
 
 TEST(Movement_Stacking, DistanceIsCutToWholePixelsAndTheLargerGroundCounts)
 {
-    struct CASE { int DY; int FRIEND_FOOTPRINT; int COST; };
+    struct CASE {
+        int DY;
+        int FRIEND_FOOTPRINT;
+        int COST;
+    };
     const CASE cases[] = {
         {20, 40, 2},   // 20 of 20
         {21, 40, 1},
@@ -233,7 +240,11 @@ TEST(Movement_Stacking, OnlyTheLowestNumberCountsAndTheCostNeverPassesTheAllowan
 
 TEST(Movement_Stacking, AnOverrunEnemySurrendersWhenItCannotFight)
 {
-    struct CASE { const char* WHAT; int DY, STATUS, SUPPLY, MOVESTATUS; bool TAKEN; };
+    struct CASE {
+        const char* WHAT;
+        int DY, STATUS, SUPPLY, MOVESTATUS;
+        bool TAKEN;
+    };
     const CASE cases[] = {
         {"ineffective, supplied", 20, 1, 100, 0, true},
         {"ineffective, out of reach", 21, 1, 100, 0, false},
@@ -254,14 +265,16 @@ TEST(Movement_Stacking, AnOverrunEnemySurrendersWhenItCannotFight)
         Move_Units(unit);
         EXPECT_EQ(UNIT[enemy].STATUS == 0, c.TAKEN) << c.WHAT;
         EXPECT_EQ(UNIT[unit].X, 15) << c.WHAT;
-        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.DY == 20 ? 2 : 1) << c.WHAT;   // the friend of a higher number hinders all the same
+        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.DY == 20 ? 2 : 1)
+            << c.WHAT;   // the friend of a higher number hinders all the same
     }
 }
 
 TEST(Movement_Refusals, ARiverStopsAllButThoseWhoCanCross)
 {
     for (int type = 0; type <= 26; ++type) {
-        const bool crosses = type == 4 || type == 5 || type == 6 || type == 14 || type == 15 || type == 19 || type == 20;
+        const bool crosses =
+            type == 4 || type == 5 || type == 6 || type == 14 || type == 15 || type == 19 || type == 20;
         Board board({".~........"});
         const int unit = board.Place(BLUE, 5, 5, type);
         Plot(unit, {{95, 5}});
@@ -277,8 +290,13 @@ TEST(Movement_Refusals, ARiverStopsAllButThoseWhoCanCross)
 
 TEST(Movement_Refusals, ImpassableGroundStopsVehiclesButNotFootOrConvoys)
 {
-    struct CASE { int MOBILITY, SIZE; bool REFUSED; int COST; };
-    for (const CASE& c : {CASE{0, 3, false, 2}, CASE{1, 3, true, 0}, CASE{2, 3, true, 0}, CASE{1, 100, false, 24}}) {
+    struct CASE {
+        int MOBILITY, SIZE;
+        bool REFUSED;
+        int COST;
+    };
+    for (const CASE& c :
+         {CASE{0, 3, false, 2}, CASE{1, 3, true, 0}, CASE{2, 3, true, 0}, CASE{1, 100, false, 24}}) {
         Board board({".6........"});
         const int unit = board.Place(RED, 5, 5);
         UNIT[unit].MOBILITY = c.MOBILITY;
@@ -352,11 +370,11 @@ TEST(Movement_Legs, AScreenKeepsItsMissionAndSaysNothing)
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
     EXPECT_EQ(UNIT[unit].MISSION, "Security");
     EXPECT_TRUE(Messages().empty());
-    // Footprint 80 on security (8 x 10): the line's ends lie 56 to each side of (15, 55), north and south of it. Due east
-    // reads as 95 degrees (a difference of 0 down the map counts as 1): sin 5 = 0.0872, cos 5 = 0.9962.
+    // Footprint 80 on security (8 x 10): the line's ends lie 56 to each side of (15, 55), north and south of it.
+    // Due east reads as 95 degrees (a difference of 0 down the map counts as 1): sin 5 = 0.0872, cos 5 = 0.9962.
     EXPECT_EQ(UNIT[unit].FACING, 95);
-    EXPECT_EQ(UNIT[unit].LX, 20);    // 15 + 56 x 0.0872
-    EXPECT_EQ(UNIT[unit].LY, -1);    // 55 - 56 x 0.9962
+    EXPECT_EQ(UNIT[unit].LX, 20);   // 15 + 56 x 0.0872
+    EXPECT_EQ(UNIT[unit].LY, -1);   // 55 - 56 x 0.9962
     EXPECT_EQ(UNIT[unit].RY, 111);
 }
 
@@ -427,9 +445,13 @@ TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
 
 TEST(Movement_Hazards, ContaminationIsMeasuredFromThePlaceThatTheUnitLeaves)
 {
-    struct CASE { int X, TYPE, MOPP; bool INSIDE; };
+    struct CASE {
+        int X, TYPE, MOPP;
+        bool INSIDE;
+    };
     // Footprint 40 and a cloud 30 wide: nearer than 20 + 15.
-    const CASE cases[] = {{34, 21, 2, true}, {35, 21, 2, false}, {34, 11, 3, true}, {34, 20, 2, false}, {34, 21, 4, false}};
+    const CASE cases[] = {
+        {34, 21, 2, true}, {35, 21, 2, false}, {34, 11, 3, true}, {34, 20, 2, false}, {34, 21, 4, false}};
     for (const CASE& c : cases) {
         Board board(20, 5);
         const int unit = board.Place(BLUE, 5, 45);

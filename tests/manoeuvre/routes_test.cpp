@@ -15,11 +15,14 @@ TEST(Cell_Cost_Test, FollowsTerrainAndMobility)
 {
     Board board(1, 1);
     const int unit = board.Place(BLUE, 5, 5);
-    struct CASE { int VALUE, FOOT, WHEELED, TRACKED; };
-    // A combat unit never pays more than 10 except on the sea: impassable shows as 10, though vehicles are refused there.
+    struct CASE {
+        int VALUE, FOOT, WHEELED, TRACKED;
+    };
+    // A combat unit never pays more than 10 except on the sea: impassable shows as 10, though vehicles are refused
+    // there.
     const CASE cases[] = {
-        {0, 1, 1, 1},   {1, 1, 3, 2},    {2, 1, 6, 5},  {3, 1, 1, 1},  {4, 1, 2, 2},  {5, 6, 6, 6},  {6, 2, 10, 10},
-        {7, 3, 3, 3},   {10, 60, 60, 60}, {11, 3, 3, 3}, {18, 3, 3, 3}, {21, 3, 3, 3}, {27, 3, 3, 3},
+        {0, 1, 1, 1}, {1, 1, 3, 2},     {2, 1, 6, 5},  {3, 1, 1, 1},  {4, 1, 2, 2},  {5, 6, 6, 6},  {6, 2, 10, 10},
+        {7, 3, 3, 3}, {10, 60, 60, 60}, {11, 3, 3, 3}, {18, 3, 3, 3}, {21, 3, 3, 3}, {27, 3, 3, 3},
     };
     for (const CASE& c : cases) {
         const int costs[] = {c.FOOT, c.WHEELED, c.TRACKED};
@@ -45,14 +48,11 @@ TEST(Cell_Cost_Test, FollowsTerrainAndMobility)
 
 TEST(Route, TheFirstLegIsSetUpAndTheWholeIsSummed)
 {
-    Board board({"....1",
-                 ".....",
-                 "..#..",
-                 "....~"});
+    Board board({"....1", ".....", "..#..", "....~"});
     const int unit = board.Place(BLUE, 5, 5);
     UNIT[unit].MOVEPOINTS2 = 4;
-    // Leg 1 to cell (3, 3): 2 diagonal steps of (10, 10): open 1, urban 2. Leg 2 to cell (5, 4): 2 steps of (10, 5):
-    // (35, 30) in row 4, open 1; (45, 35) river 6.
+    // Leg 1 to cell (3, 3): 2 diagonal steps of (10, 10): open 1, urban 2. Leg 2 to cell (5, 4): 2 steps of (10,
+    // 5): (35, 30) in row 4, open 1; (45, 35) river 6.
     Plot(unit, {{25, 25}, {45, 35}});
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 10);
     EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 4);
@@ -83,8 +83,8 @@ TEST(Route, CellsOffThePictureCost200UpToTheCeiling)
     Board board(4, 1);
     const int unit = board.Place(BLUE, 15, 5);
     Plot(unit, {{-35, 5}});
-    // Columns of 5, -5, -15, -25, -35: 1, 1, 0, -1, -2 (toward zero), so 4 steps of 12.5 from column 2: 2.5 to 2 on the
-    // picture, then -10, -22, -35.
+    // Columns of 5, -5, -15, -25, -35: 1, 1, 0, -1, -2 (toward zero), so 4 steps of 12.5 from column 2: 2.5 to 2
+    // on the picture, then -10, -22, -35.
     EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 4);
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 1 + 3 * 200);
     Clear_Route(unit);
@@ -143,7 +143,7 @@ TEST(Route, AFlightOf400PointsIsAcceptedAndOneOf401DropsTheRoute)
     EXPECT_EQ(UNIT[unit].TIMERM, 0);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 0);
     EXPECT_FALSE(board.SCREEN.Heard("box", ""));   // with no message
-    UNIT[unit].MOVESTATUS = 7;   // waits at its NAI
+    UNIT[unit].MOVESTATUS = 7;                     // waits at its NAI
     Plot(unit, {{4005, 5}});
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 7);
     // Moved out of reach, it stays where it is put; the cost tells.

@@ -14,22 +14,23 @@ TEST(Grid_Reference_Test, GermanyReadsLettersAndWholeKilometres)
     Board board(1, 1);
     Choose_Stock_Map(1);
     EXPECT_TRUE(Has_Grid_Data());
-    struct CASE { int X, Y; const char* TEXT; };
+    struct CASE {
+        int X, Y;
+        const char* TEXT;
+    };
     const CASE cases[] = {
-        {24, 30, "PC 4276"},    // 24 / 6 + 38, 81 - 30 / 6
-        {368, 489, "PC 9900"},  // 61 + 38, 81 - 81
-        {0, 490, "PB 3999"},    // 0 + 39, 180 - 81
-        {368, 490, "PB 0099"},  // 61 + 39 is exactly 100
-        {369, 0, "QC 0081"},    // the band's left edge
-        {374, 490, "QB 0099"},  // 5 / 6
-        {418, 1007, "QB 0813"}, // 49 / 6, 180 - 167
-        {419, 491, "TT 9100"},  // zone 33 begins: 91 + 0, 81 - 81
-        {471, 492, "TS 9999"},  // 91 + 52 / 6, 181 - 82
-        {472, 480, "UT 0100"},  // 1 + 0, 80 - 80
-        {1007, 1007, "US 9012"},  // 1 + 535 / 6, 179 - 167
-        {1008, 0, "No UTM Data"},
-        {-1, 0, "No UTM Data"},
-        {0, 1008, "No UTM Data"},
+        {24, 30, "PC 4276"},       // 24 / 6 + 38, 81 - 30 / 6
+        {368, 489, "PC 9900"},     // 61 + 38, 81 - 81
+        {0, 490, "PB 3999"},       // 0 + 39, 180 - 81
+        {368, 490, "PB 0099"},     // 61 + 39 is exactly 100
+        {369, 0, "QC 0081"},       // the band's left edge
+        {374, 490, "QB 0099"},     // 5 / 6
+        {418, 1007, "QB 0813"},    // 49 / 6, 180 - 167
+        {419, 491, "TT 9100"},     // zone 33 begins: 91 + 0, 81 - 81
+        {471, 492, "TS 9999"},     // 91 + 52 / 6, 181 - 82
+        {472, 480, "UT 0100"},     // 1 + 0, 80 - 80
+        {1007, 1007, "US 9012"},   // 1 + 535 / 6, 179 - 167
+        {1008, 0, "No UTM Data"}, {-1, 0, "No UTM Data"}, {0, 1008, "No UTM Data"},
     };
     for (const CASE& c : cases) EXPECT_EQ(Grid_Reference(c.X, c.Y), c.TEXT) << c.X << ", " << c.Y;
 }
@@ -37,7 +38,13 @@ TEST(Grid_Reference_Test, GermanyReadsLettersAndWholeKilometres)
 /// Places whose true square and kilometres in it (WGS 84) are known, by latitude and longitude.
 TEST(Grid_Reference_Test, KnownPlacesLieInTheirTrueSquares)
 {
-    struct PLACE { const char* NAME; int MAP; float LAT, LONG; const char* LETTERS; int EAST, NORTH, WITHIN; };
+    struct PLACE {
+        const char* NAME;
+        int MAP;
+        float LAT, LONG;
+        const char* LETTERS;
+        int EAST, NORTH, WITHIN;
+    };
     const PLACE places[] = {
         {"Naumburg", 1, 51.1549f, 11.8040f, "PB", 96, 70, 2},
         {"Leipzig", 1, 51.3455f, 12.3821f, "US", 17, 91, 2},
@@ -61,7 +68,8 @@ TEST(Grid_Reference_Test, KnownPlacesLieInTheirTrueSquares)
         ASSERT_EQ(text.size(), 7u) << place.NAME << ": " << text;
         EXPECT_EQ(text.substr(0, 2), place.LETTERS) << place.NAME;
         EXPECT_LE(std::abs(std::stoi(text.substr(3, 2)) - place.EAST), place.WITHIN) << place.NAME << ": " << text;
-        EXPECT_LE(std::abs(std::stoi(text.substr(5, 2)) - place.NORTH), place.WITHIN) << place.NAME << ": " << text;
+        EXPECT_LE(std::abs(std::stoi(text.substr(5, 2)) - place.NORTH), place.WITHIN)
+            << place.NAME << ": " << text;
     }
 }
 
@@ -70,10 +78,12 @@ TEST(Grid_Reference_Test, EveryPixelOfAStockMapHasAReference)
     Board board(1, 1);
     for (int map = 1; map <= STOCK_MAPS; ++map) {
         Choose_Stock_Map(map);
-        const int width = Stock_Map(map).COLS * Stock_Map(map).WIDTH, height = Stock_Map(map).ROWS * Stock_Map(map).WIDTH;
+        const int width = Stock_Map(map).COLS * Stock_Map(map).WIDTH,
+                  height = Stock_Map(map).ROWS * Stock_Map(map).WIDTH;
         int without = 0;
         for (int x = 0; x < width; ++x)
-            for (int y = 0; y < height; y += x % 16 == 0 ? 1 : 16) without += Grid_Reference(x, y).size() == 7 ? 0 : 1;
+            for (int y = 0; y < height; y += x % 16 == 0 ? 1 : 16)
+                without += Grid_Reference(x, y).size() == 7 ? 0 : 1;
         EXPECT_EQ(without, 0) << map;
         EXPECT_EQ(Grid_Reference(width, 0), "No UTM Data") << map;
     }

@@ -13,7 +13,9 @@ namespace {
 
 std::string Record(int value, std::string_view name, int high = 0, int contaminated = 0)
 {
-    const auto two = [](int n) { return std::string{static_cast<char>(n & 0xFF), static_cast<char>(n >> 8 & 0xFF)}; };
+    const auto two = [](int n) {
+        return std::string{static_cast<char>(n & 0xFF), static_cast<char>(n >> 8 & 0xFF)};
+    };
     return two(value) + std::string(Text<15>(name).Full()) + two(high) + two(contaminated);
 }
 
@@ -151,7 +153,11 @@ TEST_F(Map_Test, ASavedTerrainFileIsReadAgain)
 TEST_F(Map_Test, AFaultyTerrainFileIsToldAndLeavesOpenGround)
 {
     const std::string whole = File_Content(FOLDER / "Terrain/Ford.ter");
-    struct CASE { const char* FILE; std::string CONTENT; const char* FAULT; };
+    struct CASE {
+        const char* FILE;
+        std::string CONTENT;
+        const char* FAULT;
+    };
     const CASE cases[] = {
         {"short.ter", whole.substr(0, whole.size() - 1), "125 bytes"},   // 6 x 21 = 126, one missing
         {"empty.ter", "", "0 bytes"},
@@ -181,7 +187,11 @@ TEST_F(Map_Test, AFaultyTerrainFileIsToldAndLeavesOpenGround)
 
 TEST_F(Map_Test, AGridThatNoMapHasIsRefused)
 {
-    struct CASE { float ROWS, COLS, SCALE; int WIDTH; const char* FAULT; };
+    struct CASE {
+        float ROWS, COLS, SCALE;
+        int WIDTH;
+        const char* FAULT;
+    };
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const CASE cases[] = {
         {387, 388, 10, 10, "more than 150000 squares"},   // 150156
@@ -338,7 +348,7 @@ std::string Bitmap(std::string_view header_and_size, std::size_t total = 54)
 TEST(Picture_Header_Test, TellsTheSizeOrRefuses)
 {
     using namespace std::string_literals;
-    const std::string jpeg = "\xFF\xD8\xFF\xE0\x00\x04\x4A\x46"s;   // start, one segment of 4 bytes
+    const std::string jpeg = "\xFF\xD8\xFF\xE0\x00\x04\x4A\x46"s;                // start, one segment of 4 bytes
     const std::string frame = "\x00\x0B\x08\x01\x02\x03\x04\x01\x01\x11\x00"s;   // 258 high, 772 wide
     const HEADER_CASE cases[] = {
         {"bitmap", Bitmap("\x28\0\0\0\xF0\x03\0\0\xE8\x03\0\0"s), 1008, 1000},
@@ -349,8 +359,8 @@ TEST(Picture_Header_Test, TellsTheSizeOrRefuses)
         {"bitmap cut off", Bitmap("\x28\0\0\0\x0A\0\0\0\x0A\0"s, 24), 0, 0},
         {"bitmap of an unknown header", Bitmap("\x05\0\0\0\x0A\0\0\0\x0A\0\0\0"s), 0, 0},
         {"jpeg", jpeg + "\xFF\xC0"s + frame, 772, 258},
-        {"progressive jpeg after tables and filling", jpeg + "\xFF\xC4\x00\x05\x01\x02\x03\xFF\xFF\xFF\xC2"s + frame, 772,
-         258},
+        {"progressive jpeg after tables and filling",
+         jpeg + "\xFF\xC4\x00\x05\x01\x02\x03\xFF\xFF\xFF\xC2"s + frame, 772, 258},
         {"jpeg cut off in the frame", jpeg + "\xFF\xC0\x00\x0B\x08\x01"s, 0, 0},
         {"jpeg with data before the frame", jpeg + "\xFF\xDA\x00\x02\xFF\xC0"s + frame, 0, 0},
         {"jpeg with a segment of no length", jpeg + "\xFF\xE1\x00\x00\xFF\xC0"s + frame, 0, 0},

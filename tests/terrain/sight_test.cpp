@@ -12,15 +12,13 @@ namespace {
 
 TEST(Line_Of_Sight_Test, TheFirstScreeningCellEndsTheLine)
 {
-    Board board({"........",
-                 "........",
-                 "....^.^.",
-                 "........"});
+    Board board({"........", "........", "....^.^.", "........"});
     const int unit = board.Place(BLUE, 5, 25);
     // 70 pixels east: 7 steps of 10; samples at 15, 25, 35, 45 (column 5, high).
     EXPECT_EQ(Line_Of_Sight(unit, 75, 25), 4);
     EXPECT_EQ(Line_Of_Sight(unit, 35, 25), 0);
-    EXPECT_EQ(Line_Of_Sight(unit, 75, 5), 0);   // samples run at 22, 19, 16 ... over rows 3 and 2: none on high ground
+    EXPECT_EQ(Line_Of_Sight(unit, 75, 5),
+              0);   // samples run at 22, 19, 16 ... over rows 3 and 2: none on high ground
     // A target on the high cell itself: the last of the 4 steps.
     EXPECT_EQ(Line_Of_Sight(unit, 45, 25), 4);
 }
@@ -37,23 +35,19 @@ TEST(Line_Of_Sight_Test, AUnitOnHighGroundSeesOverEverything)
 
 TEST(Line_Of_Sight_Test, TheExemptionOfTheTargetIsReadInTheFirstColumn)
 {
-    Board board({"........",
-                 "........",
-                 "..^.....",
-                 "^......."});
+    Board board({"........", "........", "..^.....", "^......."});
     const int unit = board.Place(BLUE, 5, 25);
     // Target (45, 25): 4 + 2 - 1 = cell 5, the first of column 2, low. Samples 15, 25 (column 3 of row 3, high).
     EXPECT_EQ(Line_Of_Sight(unit, 45, 25), 2);
-    // Target (35, 25): 3 + 2 - 1 = cell 4, the last of column 1, which is high: clear, though the same hill lies between.
+    // Target (35, 25): 3 + 2 - 1 = cell 4, the last of column 1, which is high: clear, though the same hill lies
+    // between.
     EXPECT_EQ(Line_Of_Sight(unit, 35, 25), 0);
 }
 
 TEST(Line_Of_Sight_Test, FaultsAreLoggedAndAnswerClear)
 {
     static std::string logged;
-    Board board({"....",
-                 ".^..",
-                 "...."});
+    Board board({"....", ".^..", "...."});
     Listen_To_Log([](std::string_view line) { logged += line; });
     const int unit = board.Place(BLUE, 5, 15);
     // 0 + 1 - 1 = 0: no cell.
@@ -72,10 +66,7 @@ TEST(Line_Of_Sight_Test, FaultsAreLoggedAndAnswerClear)
 
 TEST(Line_Of_Sight_Test, ANearTargetGetsOneSampleAndSamplesOffThePictureAreSkipped)
 {
-    Board board({"..^.",
-                 "....",
-                 "....",
-                 "...."});
+    Board board({"..^.", "....", "....", "...."});
     const int unit = board.Place(BLUE, 18, 8);
     EXPECT_EQ(Line_Of_Sight(unit, 21, 8), 1);   // 3 pixels, one sample, in the high cell
     // 4 cells up from row 1: samples at y -2, -12 ... are off the picture.
@@ -87,12 +78,13 @@ TEST(Line_Of_Sight_Test, ANearTargetGetsOneSampleAndSamplesOffThePictureAreSkipp
 
 TEST(Line_Of_Sight_Test, RoundingAddsUpAlongTheLine)
 {
-    Board board({"..............",
-                 "............^."});
+    Board board({"..............", "............^."});
     const int unit = board.Place(BLUE, 0, 10);
-    // 124 pixels, 12 steps of f32(124 / 12) = 10.33: each rounds back to 10, so the last sample is 120 (column 13), not 124.
+    // 124 pixels, 12 steps of f32(124 / 12) = 10.33: each rounds back to 10, so the last sample is 120 (column
+    // 13), not 124.
     EXPECT_EQ(Line_Of_Sight(unit, 124, 10), 12);
-    // 128 pixels, 12 steps of 10.67: each rounds up to 11; sample 11 is at 121, sample 12 at 132 lies beyond the target.
+    // 128 pixels, 12 steps of 10.67: each rounds up to 11; sample 11 is at 121, sample 12 at 132 lies beyond the
+    // target.
     EXPECT_EQ(Line_Of_Sight(unit, 128, 10), 11);
 }
 

@@ -67,8 +67,9 @@ TEST_F(Plot_Test, AFortificationUnderConstructionIsGivenUpOnlyOnRequest)
     UNIT[unit].TIMEREGR = 4;
     board.SCREEN.ANSWERS = {false, true};
     Choose_Plot_Item(PLOT_ROUTE);
-    EXPECT_TRUE(board.SCREEN.Heard("ask", "From the Engineer:|Moving this unit will cancel the construction of the "
-                                          "fortification. Do you wish to continue?"));
+    EXPECT_TRUE(board.SCREEN.Heard("ask",
+                                   "From the Engineer:|Moving this unit will cancel the construction of the "
+                                   "fortification. Do you wish to continue?"));
     EXPECT_EQ(UNIT[unit].TIMEREGR, 4);
     EXPECT_EQ(MapMode, 0);
     Choose_Plot_Item(PLOT_ROUTE);
