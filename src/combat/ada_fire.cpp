@@ -17,7 +17,7 @@ namespace sm {
 namespace {
 
 constexpr int AT_STRIKE = 1, AT_INTERCEPTORS = 2, AT_FLYER = 3;
-constexpr int LIFT = 12, ABORTING = 10, SECURITY = 3;
+constexpr int ABORTING = 10, SECURITY = 3;
 
 // clang-format off
 constexpr FACTOR_ROW MORALE[]      = {{0, 0, 0.3f}, {1, 1, 0.5f}, {2, 2, 1.0f}, {3, 3, 1.1f}, {4, 4, 1.2f}};
@@ -98,7 +98,7 @@ int Hit_Flyer(int shooter, int target, float power)
     const Damage damage = Damage_To_Flyer(shooter, target, power);
     const int percent = Percent_Lost(target, damage.LOSS);
     Draw_Fire(Draw::TRACER, UNIT[shooter].X, UNIT[shooter].Y, t.X, t.Y, shooter, SOUND_AIR_DEFENCE);
-    const int passenger = t.TYPE == LIFT ? static_cast<int>(t.PASSENGER) : 0;
+    const int passenger = Passenger_Aboard(target);
     const std::string text = Cat("ADA BDA: ", t.NAME, Lost(percent));
     const int x = t.X, y = t.Y;   // a passenger is where its carrier is
     if (Explaining(shooter, target))

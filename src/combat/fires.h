@@ -33,6 +33,13 @@ inline int Other_Side(int side) { return 3 - side; }
 /// Whether a unit number refers to a living unit; references of removed units stay in the records of others.
 inline bool Lives(int unit) { return unit >= 1 && unit <= MAX_UNIT && UNIT[unit].STATUS > 0; }
 
+/// The unit that a lift unit has aboard, 0 none: one that it is still to pick up stands on the picture.
+inline int Passenger_Aboard(int lift)
+{
+    const int passenger = UNIT[lift].PASSENGER;
+    return UNIT[lift].TYPE == 12 && Lives(passenger) && UNIT[passenger].X < 0 ? passenger : 0;
+}
+
 inline bool Is_Gun(int type) { return type >= 7 && type <= 10; }
 inline bool Is_Air_Defence(int type) { return type >= 1 && type <= 3; }
 

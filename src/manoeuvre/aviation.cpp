@@ -41,9 +41,9 @@ void Take_Aboard(int lift)
 /// Puts the passenger down under the lift unit; nothing without one.
 void Set_Down(int lift, std::string_view report)
 {
-    const int k = UNIT[lift].PASSENGER;
+    const int k = Passenger_Aboard(lift);
     UNIT[lift].PASSENGER = 0;
-    if (!Lives(k)) return;
+    if (k == 0) return;
     UNIT[k].CARRIER = 0;
     Place_Unit(k, UNIT[lift].X, UNIT[lift].Y);
     UNIT[k].SUPPRESSED = std::min(4, UNIT[k].SUPPRESSED + 1);
@@ -226,7 +226,7 @@ void Lose_To_Fighters(int u)
     if (Explaining(u)) Explain_Line(Cat(UNIT[u].NAME, " loses to fighters: roll ", To_Text(roll), " / 3 x 0.01"));
     const float loss = Loss_To_Fighters(u, roll);
     const int percent = Percent_Lost(u, loss);
-    const int passenger = UNIT[u].TYPE == LIFT ? static_cast<int>(UNIT[u].PASSENGER) : 0;
+    const int passenger = Passenger_Aboard(u);
     const std::string text =
         Cat(UNIT[u].NAME, percent < 1 ? " lost no aircraft!" : Cat(" lost ", To_Text(percent), "%!"));
     if (Explaining(u)) Explain_Line(Cat("  loss ", To_Text(loss), ", ", To_Text(percent), "%"));

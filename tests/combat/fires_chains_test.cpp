@@ -142,6 +142,31 @@ TEST(FiresOnTheMap, MinesAndBlownBridgesChangeTheGround)
     EXPECT_TRUE(Posted("Bomber Misson: Bridge is destroyed!"));
 }
 
+TEST(FiresOnTheMap, ChemicalRoundsLeaveACloudThatHarmsBothSidesAndTheBatteryToo)
+{
+    Board board(40, 40);
+    const int battery = Place_Battery(board, BLUE, 155, 155);
+    const int enemy = board.Place(RED, 175, 155), far = board.Place(RED, 355, 355);
+    Fire_Arty(Place_Mission(BLUE, 11, 175, 155, battery));
+    EXPECT_TRUE(Posted("NBC MESSAGE: Non-Persistent Strike at No UTM Data"));
+    EXPECT_EQ(NBC[1].NBCTYPE, 11);
+    EXPECT_EQ(NBC[1].NBCSIDE, BLUE);
+    EXPECT_EQ(NBC[1].NBCX, 175);
+    EXPECT_LT(UNIT[enemy].RCP2, 10.0f);
+    EXPECT_LT(UNIT[battery].RCP2, 20.0f);
+    EXPECT_EQ(UNIT[far].RCP2, 10.0f);
+    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 0);   // nobody was shelled
+    EXPECT_EQ(CurTarget, 0);
+    UNIT[battery].RCP2 = 0.001f;
+    UNIT[battery].MOPP = 0;
+    DiceSite = 0;
+    Fire_Arty(Place_Mission(BLUE, 21, 155, 155, battery));   // on its own head
+    EXPECT_TRUE(Posted("NBC MESSAGE: Persistent Strike at No UTM Data"));
+    EXPECT_EQ(UNIT[battery].STATUS, 0);
+    EXPECT_EQ(NBC[2].NBCTYPE, 21);
+    EXPECT_NE(DiceSite, SITE_COUNTERFIRE);   // nobody is left to be located
+}
+
 TEST(FiresOnTheMap, AnObstacleTaskCostsTheEngineersTheirMarch)
 {
     Board board(20, 20);
