@@ -17,6 +17,10 @@ int Hex_Row(int y) { return y / (HEXWIDTH < 1 ? 1 : static_cast<int>(HEXWIDTH)) 
 
 int Hex_Of(int column, int row)
 {
+    if (NUMROWS >= 0 && NUMROWS < 32768) {
+        const int rows = static_cast<int>(NUMROWS);
+        if (static_cast<float>(rows) == NUMROWS) return rows * (column - 1) + row;   // as every map has it
+    }
     return Round_Even(static_cast<double>(NUMROWS) * column - (static_cast<double>(NUMROWS) - row));
 }
 

@@ -33,12 +33,15 @@ int Line_Of_Sight(int unit, int x, int y)
     if (steps < 1) steps = 1;
     const float step_x = static_cast<float>(x - u.X) / static_cast<float>(steps);
     const float step_y = static_cast<float>(y - u.Y) / static_cast<float>(steps);
+    const int width = HEXWIDTH, right = Picture_Width(), bottom = Picture_Height();
+    if (width < 1) return 0;
     int px = u.X, py = u.Y;
     for (int k = 1; k <= steps; ++k) {
         // Each sample starts from the rounded one before it, so the last may lie beside or beyond the target.
         px = Round_Even(static_cast<float>(px) + step_x);
         py = Round_Even(static_cast<float>(py) + step_y);
-        if (Cell_High(Hex_Number(px, py)) > 0) return k;
+        if (px < 0 || py < 0 || px >= right || py >= bottom) continue;   // off the picture nothing screens
+        if (Cell_High(Hex_Of(px / width + 1, py / width + 1)) > 0) return k;
     }
     return 0;
 }
