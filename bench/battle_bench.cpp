@@ -2,6 +2,8 @@
 // rules ask for, a plain read of a file's bytes, a plain copy of the state's bytes. Status 1 when an aim is
 // missed.
 #include "combat/artillery.h"
+#include "combat/ground_combat.h"
+#include "combat_games.h"
 #include "core/game_state.h"
 #include "core/log.h"
 #include "core/seat.h"
@@ -39,6 +41,8 @@ constexpr AIM AIMS[] = {
     { "turn_stock",   "pairs_400",   0    },
     { "fires_200",    "pairs_25",    0.3  },
     { "flights_60",   "pairs_400",   0.15 },
+    { "combat_600",   "combat_loops", 3   },
+    { "sight_2000",   "sight_samples", 3  },
     { "load",         "read_bytes",  10   },
     { "save",         "read_bytes",  10   },
     { "save_to_disk", "read_bytes",  0    },
@@ -54,6 +58,8 @@ struct GAMES {
     std::unique_ptr<Game> QUARTER = std::make_unique<Game>();
     std::unique_ptr<Game> FIRES = std::make_unique<Game>();
     std::unique_ptr<Game> FLIGHTS = std::make_unique<Game>();
+    std::unique_ptr<Game> CONTACT = std::make_unique<Game>();
+    std::unique_ptr<Game> SIGHT = std::make_unique<Game>();
     fs::path SCENARIO;
     fs::path SAVED;   // a game file of the stock scenario, and where `save_to_disk` writes
 };
@@ -206,6 +212,11 @@ bool Make_Games(GAMES& games, const fs::path& home)
     *games.FIRES = GAME;
     Make_Flights_Game();
     *games.FLIGHTS = GAME;
+    Make_Contact_Game();
+    *games.CONTACT = GAME;
+    Make_Full_Game(300);
+    for (int hex = 1; hex <= HEXCOUNT; ++hex) HEXMAP[hex].THIGH = hex % 400 == 0 ? 1 : 0;
+    *games.SIGHT = GAME;
     return true;
 }
 
@@ -252,6 +263,13 @@ void Register(const GAMES& games)
     };
     phase("fires_200", games.FIRES.get(), Fires_Phase);
     phase("flights_60", games.FLIGHTS.get(), Fly_All_Slices);
+
+    phase("combat_600", games.CONTACT.get(), Ground_Combat_Phase);
+    GAME = *games.CONTACT;
+    static const COMBAT_WORK work = Count_Combat_Work();
+    phase("combat_loops", games.CONTACT.get(), [] { Literal_Combat(work); });
+    phase("sight_2000", games.SIGHT.get(), [] { Walk_Sight_Lines(); });
+    phase("sight_samples", games.SIGHT.get(), [] { Walk_Samples(); });
 
     const Game* const stock = games.STOCK.get();
     const Game* const full = games.FULL.get();

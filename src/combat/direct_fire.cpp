@@ -6,6 +6,7 @@
 #include "combat/fires.h"
 #include "combat/loss.h"
 #include "core/explain.h"
+#include "core/near_units.h"
 #include "core/sound_cues.h"
 #include "sustain/supply.h"
 
@@ -187,7 +188,8 @@ void Count_Engagements(int firer)
     UNIT_RECORD& f = UNIT[firer];
     if (f.TACOPN != 3) {
         int count = 0;
-        for (int v = 1; v <= MAX_UNIT; ++v) count += Is_Engaged_With(f, UNIT[v]) ? 1 : 0;
+        Near_Rows near(1.0f / 3);
+        while (const int v = near.Next(f.X, f.Y, f.FOOTPRINT / 3)) count += Is_Engaged_With(f, UNIT[v]) ? 1 : 0;
         f.ACTIVITY = count;
     }
     if (f.ACTIVITY < 1) f.ACTIVITY = 1;

@@ -403,6 +403,7 @@ void Engage_Unit(int unit, int mode)
 
 void Ground_Combat_Phase()
 {
+    const Places_Watched watched;
     const int held = CurUnit;
     for (int u = 1; u <= MAX_UNIT; ++u) {
         CurUnit = u;

@@ -1,5 +1,7 @@
 #include "combat/contact.h"
 #include "combat/ground_combat.h"
+#include "core/near_units.h"
+#include "core/state_hash.h"
 #include "support/board.h"
 #include "support/dice.h"
 #include "support/log_lines.h"
@@ -72,6 +74,36 @@ TEST(Contact, SquaresAreComparedAsTheRoundedRootWouldBe)
             ASSERT_EQ(In_Contact(a, b), Distance_Between(0, 0, x, 9) <= Round_Even((footprint + 39.2f) / 3)) << x;
         }
     }
+}
+
+TEST(Contact, LookingOnlyAtRowsThatCanBeNearChangesNothing)
+{
+    const auto hash_after = [](bool watched) {
+        Board board(60, 60);
+        for (int n = 0; n < 200;
+             ++n) {   // a crowd: enemies beside and behind one another, a tenth of them screens
+            const int side = n % 3 == 0 ? RED : BLUE;
+            const int u = board.Place(side, 20 + n * 37 % 560, 20 + n * 91 % 560, n % 27);
+            UNIT[u].TACOPN = n % 10 == 0 ? 3 : n % 7 == 0 ? 4 : 0;
+            UNIT[u].UCONTROL = n % 2;
+            UNIT[u].MOVESTATUS = 2;
+            Set_Footprint(u);
+            if (UNIT[u].TACOPN == 3) Set_Screen(u);
+        }
+        const auto fight = [] {
+            for (int u = 1; u <= MAX_UNIT; ++u) Engage_Unit(u, FIRE);
+        };
+        if (watched) {
+            const Places_Watched places;
+            fight();
+        } else {
+            fight();
+        }
+        EXPECT_GT(RMANL, 50);   // there was a fight, and some of them ran
+        EXPECT_TRUE(Posted("We are retreating!"));
+        return State_Hash();
+    };
+    EXPECT_EQ(hash_after(true), hash_after(false));
 }
 
 TEST(Contact, AThirdOfBothFootprintsIsContactAndAPixelMoreIsNot)
