@@ -202,15 +202,16 @@ bool Meet(LOOK& look, int e)
 
     const Role_Class own = Class_Of(a), other = Class_Of(e);
     const Engagement type = ENGAGEMENT[own][other];
-    Explain_Contact(a, e, type == FIERCE ? "FIERCE" : "SKIRMISH");
+    const bool fires = type == SKIRMISH || look.MODE == FIRES;
+    Explain_Contact(a, e, type == SKIRMISH ? "SKIRMISH" : fires ? "FIERCE" : "FIERCE, looks only");
     if (type == FIERCE) {
         Raise(UNIT[a].ACTIVITY, 1);
         Make_Visible(a);
     }
     if (type == FIERCE || other == SUPPORT) Make_Visible(e);
     if (UNIT[a].TACOPN != BREACHING && (type == FIERCE || own == SUPPORT)) Halt(a);
-    if (type == SKIRMISH) look.MODE = FIRES;
-    if (look.MODE != FIRES) return true;
+    if (!fires) return true;
+    look.MODE = FIRES;   // a skirmish opens fire for the rest of the look
     return UNIT[a].TACOPN == WITHDRAWING ? Fight_And_Leave(look, e) : Fight(look, e, type);
 }
 
@@ -239,7 +240,10 @@ bool Look_For_Contact(LOOK& look)
         if (!Can_Be_Met(a, enemy)) continue;
         if (held_back && Comes_Too_Near(a, enemy)) a.MOVEPOINTS2 = 0;
         if (!In_Contact(a, enemy)) continue;
-        if (Screened_By_Terrain(look.A, e)) continue;
+        if (Screened_By_Terrain(look.A, e)) {
+            Explain_Contact(look.A, e, "hidden by high ground");
+            continue;
+        }
         if (!Meet(look, e)) return false;
     }
     return true;
@@ -323,7 +327,7 @@ bool Screen_Meets(LOOK& look, int e)
     }
     if (UNIT[e].SIZE < 1 || UNIT[e].SIZE == CONVOY) return Screen_Meets_Small(look, e);
 
-    Explain_Contact(a, e, "at the screen");
+    Explain_Contact(a, e, look.MODE == FIRES ? "at the screen" : "at the screen, looks only");
     Make_Visible(e);
     if (UNIT[e].MOVESTATUS >= AIRBORNE) return true;
     Halt(a);

@@ -1,0 +1,158 @@
+#include "core/seat.h"
+#include "support/board.h"
+#include "sustain/reports.h"
+#include "sustain/supply.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+/// What an activity takes of a load of 100 points.
+float Taken(int activity, int mobility, int movestatus)
+{
+    Board board(5, 5);
+    const int u = board.Place(BLUE, 15, 15);
+    UNIT[u].RSF = UNIT[u].RSF2 = 100;
+    UNIT[u].MOBILITY = mobility;
+    UNIT[u].MOVESTATUS = movestatus;
+    Consume_Supply(u, activity);
+    return 100 - UNIT[u].RSF2;
+}
+
+}   // namespace
+
+TEST(Supply, EachActivityTakesHalfItsShareOfTheFullLoad)
+{
+    struct CASE {
+        int ACTIVITY, MOBILITY, MOVESTATUS;
+        float TAKEN;
+    };
+    for (const CASE& c : {CASE{1, 0, 0, 1.0f},
+                          {1, 0, 1, 1.5f},
+                          {1, 0, 2, 1.5f},
+                          {1, 0, 5, 1.0f},
+                          {1, 1, 0, 2.0f},
+                          {1, 2, 2, 3.0f},
+                          {1, 2, 6, 2.0f},
+                          {1, 3, 7, 0.0f},
+                          {1, 3, 8, 50.0f},
+                          {1, 10, 0, 0.0f},
+                          {2, 2, 2, 2.5f},
+                          {3, 0, 0, 2.5f},
+                          {4, 2, 0, 5.0f},
+                          {5, 2, 0, 0.0f}})
+        EXPECT_NEAR(Taken(c.ACTIVITY, c.MOBILITY, c.MOVESTATUS), c.TAKEN, 1e-5f)
+            << c.ACTIVITY << " " << c.MOBILITY;
+}
+
+TEST(Supply, AShorterTurnMovesLessButFiresAsMuch)
+{
+    const auto taken = [](int activity, int turn_length) {
+        Board board(5, 5);
+        const int u = board.Place(BLUE, 15, 15);
+        UNIT[u].RSF = UNIT[u].RSF2 = 100;
+        UNIT[u].MOVESTATUS = 2;
+        TurnLength = turn_length;
+        Consume_Supply(u, activity);
+        return 100 - UNIT[u].RSF2;
+    };
+    EXPECT_NEAR(taken(1, 1), 1.5f, 1e-5f);
+    EXPECT_NEAR(taken(1, 2), 0.375f, 1e-5f);
+    EXPECT_NEAR(taken(4, 2), 5.0f, 1e-5f);
+}
+
+TEST(Supply, SquadsAndConvoysConsumeNothing)
+{
+    Board board(5, 5);
+    const int u = board.Place(BLUE, 15, 15);
+    for (const int size : {0, 100}) {
+        UNIT[u].SIZE = size;
+        Consume_Supply(u, 4);
+        EXPECT_EQ(UNIT[u].RSF2, 3.0f);
+    }
+}
+
+TEST(Supply, TheLevelFollowsAndStaysWithinItsField)
+{
+    Board board(5, 5);
+    const int u = board.Place(BLUE, 15, 15);
+    UNIT[u].RSF2 = 0.1f;
+    Consume_Supply(u, 4);   // 0.15 of 3 asked, 0.1 there
+    EXPECT_EQ(UNIT[u].RSF2, 0);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 0);
+    UNIT[u].RSF2 = 4.2f;   // an overfull unit: 4.05 / 3 = 135 %
+    Consume_Supply(u, 4);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 135);
+    UNIT[u].MOVESTATUS = 2;   // on the move the surplus is left behind, after the level was taken
+    Consume_Supply(u, 4);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 130);
+    EXPECT_EQ(UNIT[u].RSF2, 3.0f);
+    UNIT[u].RSF = 0;
+    Consume_Supply(u, 4);
+    EXPECT_FLOAT_EQ(UNIT[u].RSF, 0.01f);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 30000);   // 3 / 0.01
+    UNIT[u].RSF2 = 1e6f;
+    Consume_Supply(u, 4);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 32767);   // a hundred million times the load
+}
+
+TEST(Supply, ADepotsLevelIsThatOfItsStock)
+{
+    Board board(5, 5);
+    const int u = board.Place(BLUE, 15, 15, 13);
+    UNIT[u].LSF = 1000;
+    UNIT[u].LSF2 = 1200;
+    Consume_Supply(u, 2);
+    EXPECT_EQ(UNIT[u].LSF2, 1000.0f);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 100);
+    UNIT[u].LSF2 = 125;
+    Consume_Supply(u, 2);
+    EXPECT_EQ(UNIT[u].LOGSTATN, 12);   // 12.5, halves to even
+    UNIT[u].LSF = 0;
+    Consume_Supply(u, 2);   // no stock at all: by its own load, 2.775 / 3
+    EXPECT_EQ(UNIT[u].LOGSTATN, 92);
+}
+
+TEST(Supply, ALevelThatIsNoNumberIsToldAndTheGameGoesOn)
+{
+    Board board(5, 5);
+    const int u = board.Place(BLUE, 15, 15);
+    UNIT[u].RSF = UNIT[u].RSF2 = std::numeric_limits<float>::infinity();
+    Consume_Supply(u, 5);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "Error Message|B1 is the source of the error: RSF: "));
+    EXPECT_EQ(UNIT[u].LOGSTATN, 100);
+}
+
+TEST(Reports, AreNamedAndGoToTheUnitsOwnSide)
+{
+    Board board(5, 5);
+    const int u = board.Place(RED, 15, 25);
+    Unit_Report(9, u, 1);
+    Unit_Report(11, u);
+    EXPECT_EQ(Messages(),
+              (std::vector<std::string>{"R301: We are retreating!", "R301: My supported unit is destroyed!"}));
+    EXPECT_EQ(SITREPLIST[1].SIDE, RED);
+    EXPECT_EQ(SITREPLIST[1].Y, 25);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "We are retreating!"));
+    EXPECT_FALSE(board.SCREEN.Heard("status", "My supported unit"));
+}
+
+TEST(Reports, ADegradedHeadquartersIsToldToBothSidesAndANumberWithoutATextTakesTheMessageAtHand)
+{
+    Board board(5, 5);
+    const int u = board.Place(RED, 15, 25);
+    Unit_Report(20, u);
+    EXPECT_EQ(Messages().back(), "Enemy EW successfully degrades R301's C2!");
+    EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "degrades R301's C2!"));
+    MsgText = "What was being written";
+    Unit_Report(16, u);
+    EXPECT_EQ(Messages().back(), "R301: What was being written");
+    EXPECT_TRUE(MsgText.empty());
+    Unit_Report(0, u);
+    EXPECT_TRUE(Messages().back().starts_with("R301:"));
+}
