@@ -87,7 +87,6 @@ void Gas_Unit(int row, int u)
     if (!Touches(row, u, Floor_Int(UNIT[u].FOOTPRINT) / 2 + NBC[row].NBCSIZE / 2)) return;
     if (type == PERSISTENT) Unit_Report(10, u);
     NBC_Loss(u, type);
-    if (UNIT[u].STATUS > 0) UNIT[u].MOPP = 4;
 }
 
 void Hide_In_Smoke(int row, int u)

@@ -179,6 +179,8 @@ TEST(Sweep, JammingReachesHalfOfTheRangeAndFindsNothing)
     EXPECT_EQ(UNIT[near].EWSTATUS, 10);
     EXPECT_EQ(UNIT[near].SPOTTED, 0);
     EXPECT_EQ(Messages(), std::vector<std::string>{"Enemy EW successfully degrades R301's C2!"});
+    IEW_Sweep(attack.COLLECTOR);
+    EXPECT_EQ(Messages().size(), 1u);   // jammed already
     EXPECT_EQ(UNIT[far].EWSTATUS, 0);
 
     Sweep collect(3, 0);

@@ -218,6 +218,13 @@ TEST(Breach, MinesUnderfootAreTriedOnceAndNeighbouringMinesToo)
     EXPECT_EQ(RSEED, 60);
     EXPECT_EQ(Rows_Used(), 4);
     EXPECT_EQ(UNIT[u].BREACH, 1);
+
+    Board narrow(6, 3, 7);
+    Lay_Obstacle(Hex_Of(4, 2), RED);   // three cells of 7: 21 pixels are too far
+    const int v = narrow.Place(BLUE, 3, 10);
+    UNIT[v].MOVESTATUS = 2;
+    Obstacle_Recon(v);
+    EXPECT_EQ(RSEED, 0);
 }
 
 TEST(Works, ObstaclesAreLaidOnOpenCellsWhileARowIsFree)

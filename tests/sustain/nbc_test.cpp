@@ -164,7 +164,11 @@ TEST(NBC, ACloudDriftsDownWindAndWidensAtItsFourDrifts)
         EXPECT_EQ(UNIT[on_the_way].MOPP, drift < 2 ? 0 : 4) << drift;
     }
     EXPECT_EQ(NBC[1].NBCHEX, 16 * 40 + 17);
-    GTURN = 5;   // past its turn
+    GTURN = 4;   // its last turn
+    NBC_Drift(1);
+    EXPECT_EQ(NBC[1].NBCX, 175);
+    EXPECT_EQ(NBC[1].NBCSIZE, 450);   // 150 x 6/2
+    GTURN = 5;   // past it
     NBC_Drift(1);
     EXPECT_EQ(NBC[1].NBCTYPE, 0);
 }
