@@ -11,7 +11,6 @@
 #include "persist/record_repeat.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace sm {
@@ -21,21 +20,37 @@ namespace {
 /// How often the screen hears of the progress; the bar itself counts every line.
 constexpr int LINES_A_REPORT = 2000;
 
+/// A part of the file while it is read.
+struct Part_In_Hand {
+    const FILE_PART& PART;
+    const std::vector<RECORD_LINE>& LINES;
+    int EFFECT_LINE;          ///< line of a record whose key has a side effect, -1 for none
+    int COUNT = 0;            ///< records begun
+    char* RECORD = nullptr;   ///< record in hand, nullptr before a table's first key
+    RECORD_BEFORE BEFORE{};
+    explicit Part_In_Hand(int p) : PART(File_Parts()[p]), LINES(Record_Lines(p)), EFFECT_LINE(Side_Effect_Line(p))
+    {
+        if (!PART.Is_Table()) RECORD = PART.RECORDS;
+    }
+};
+
 /// One run over a file's text. The key that follows in a file of ours is tried first; any other is looked up.
 struct Reader {
     const std::vector<STEP>& STEPS = Steps();
-    const std::span<const FILE_PART> PARTS = File_Parts();
+    std::vector<Part_In_Hand> PARTS;
     std::string_view REST;
     int LINE = 0;       ///< lines taken, the one in hand among them
     int EXPECTED = 0;   ///< index of the key that follows in a file of ours
-    std::array<int, FILE_PARTS> COUNT{};
-    std::array<char*, FILE_PARTS> RECORD{};   ///< record in hand, nullptr before a table's first key
-    std::array<RECORD_BEFORE, FILE_PARTS> BEFORE{};
     ICON_SEARCH ICONS;
     bool KNOWN_KEY = false, LAST_KEY = false;
     std::vector<bool> HEADER_FOUND = std::vector<bool>(Written_Lines(0).size());   ///< by place in the file
     const STEP* OUTSIDE = nullptr;   ///< key of the first value outside its range
     std::string FAULT;
+
+    explicit Reader(std::string_view text) : REST(text)
+    {
+        for (int p = 0; p < FILE_PARTS; ++p) PARTS.emplace_back(p);
+    }
 
     int Fail(int number, std::string_view why)
     {
@@ -50,13 +65,13 @@ struct Reader {
     }
 
     /// Moves a table on to its next record.
-    int Begin_Record(int p)
+    int Begin_Record(Part_In_Hand& hand)
     {
-        const FILE_PART& part = PARTS[p];
-        if (COUNT[p] >= part.SIZE)
+        const FILE_PART& part = hand.PART;
+        if (hand.COUNT >= part.SIZE)
             return Fail(ERROR_RANGE, Cat("more than ", To_Text(part.SIZE), " records of ", part.TABLE));
-        RECORD[p] = part.RECORDS + static_cast<std::ptrdiff_t>(COUNT[p]) * part.STRIDE;
-        if (++COUNT[p] == 1) Log(part.LOADING);
+        hand.RECORD = part.RECORDS + static_cast<std::ptrdiff_t>(hand.COUNT) * part.STRIDE;
+        if (++hand.COUNT == 1) Log(part.LOADING);
         return 0;
     }
 
@@ -70,25 +85,25 @@ struct Reader {
     /// Reads a record whose first key's line is `at`, as far as it is laid out as the writer does.
     int Read_Record(int first, const char* at, const char* end)
     {
-        const int p = STEPS[first].PART;
-        if (const int failure = Begin_Record(p); failure != 0) return failure;
-        const REPEAT_RESULT result = Read_Repeated(p, BEFORE[p], RECORD[p], at, end, OUTSIDE);
-        const auto& lines = Record_Lines(p);
-        if (const STEP* effect = Side_Effect_Within(p, result.LINES); effect != nullptr)
-            effect->SIDE_EFFECT(RECORD[p], ICONS);
-        EXPECTED = result.WHOLE ? first : Key_After(lines, result.LINES);
+        Part_In_Hand& hand = PARTS[STEPS[first].PART];
+        if (const int failure = Begin_Record(hand); failure != 0) return failure;
+        const REPEAT_RESULT result =
+            Read_Repeated(hand.LINES, hand.PART.STRIDE, hand.BEFORE, hand.RECORD, at, end, OUTSIDE);
+        if (hand.EFFECT_LINE >= 0 && hand.EFFECT_LINE < result.LINES)
+            hand.LINES[hand.EFFECT_LINE].TAKE->SIDE_EFFECT(hand.RECORD, ICONS);
+        EXPECTED = result.WHOLE ? first : Key_After(hand.LINES, result.LINES);
         KNOWN_KEY = true;
         REST = {at, static_cast<std::size_t>(end - at)};
         LINE += result.LINES - 1;
         if (result.FAILURE == 0) return 0;
         ++LINE;
-        return Fail_At(*lines[result.LINES].TAKE, result.FAILURE);
+        return Fail_At(*hand.LINES[result.LINES].TAKE, result.FAILURE);
     }
 
     /// Whether the next lines open a record of the part as the writer does; moves `at` to its first key's line.
     bool Pass_Opening(const STEP& first, const char*& at, const char* end)
     {
-        const FILE_PART& part = PARTS[first.PART];
+        const FILE_PART& part = PARTS[first.PART].PART;
         const char* p = at;
         int passed = 0;
         for (const char* opening : {part.RECORD_LINE, part.NUMBER_KEY}) {
@@ -135,10 +150,11 @@ struct Reader {
         LAST_KEY = LAST_KEY || &step == &STEPS.back();
         if (step.PART == 0) HEADER_FOUND[static_cast<std::size_t>(&step - STEPS.data())] = true;
         EXPECTED = step.EXPECTED;
-        BEFORE[step.PART].TEXT = nullptr;
+        Part_In_Hand& hand = PARTS[step.PART];
+        hand.BEFORE.TEXT = nullptr;
         if (step.FIRST)
-            if (const int failure = Begin_Record(step.PART); failure != 0) return failure;
-        char* const record = RECORD[step.PART];
+            if (const int failure = Begin_Record(hand); failure != 0) return failure;
+        char* const record = hand.RECORD;
         if (record == nullptr)
             return Fail(ERROR_RANGE, Cat(step.TO->KEY, " stands before the first record of its table"));
         if (const int failure = Take_Value(step, record, at, end, OUTSIDE); failure != 0)
@@ -159,17 +175,17 @@ struct Reader {
         Show_Status(text);
     }
 
-    /// A file by hand may hold as few records as it likes. But one that is complete up to some place, header and all, and
-    /// has nothing behind it, was cut there, and would make a battle of a part of its units.
+    /// A file by hand may hold as few records as it likes. But one that is complete up to some place, header and
+    /// all, and has nothing behind it, was cut there, and would make a battle of a part of its units.
     int Judge_End()
     {
         if (!KNOWN_KEY) return Fail(ERROR_END_OF_FILE, "no key of a game in the file");
         const auto missing = std::count(HEADER_FOUND.begin(), HEADER_FOUND.end(), false);
         if (LAST_KEY || missing > 1) return 0;   // one is always missing: it is read under another key
         int p = 1;
-        while (p < FILE_PARTS - 1 && COUNT[p] == PARTS[p].SIZE) ++p;
+        while (p < FILE_PARTS - 1 && PARTS[p].COUNT == PARTS[p].PART.SIZE) ++p;
         for (++p; p < FILE_PARTS - 1; ++p)
-            if (COUNT[p] > 0) return 0;
+            if (PARTS[p].COUNT > 0) return 0;
         return Fail(ERROR_END_OF_FILE, "the file breaks off");
     }
 };
@@ -183,10 +199,7 @@ int Read_Game_Text(std::string_view text)
     Progress_Reset();
     Log("Loading game file...");
 
-    Reader reader;
-    reader.REST = text;
-    reader.RECORD.front() = File_Parts().front().RECORDS;
-    reader.RECORD.back() = File_Parts().back().RECORDS;
+    Reader reader(text);
     int failure = 0;
     int told = 0;
     while (failure == 0 && !reader.REST.empty()) {

@@ -8,27 +8,38 @@
 #include "persist/program_folder.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace sm {
 
 namespace {
 
-/// The folder is looked up once, and most names are spelt as their files are; the lookup in any spelling is for
-/// the rest.
+/// Most names are spelt as their files are and are asked for in the open folder, which spares the walk down to it;
+/// the lookup in any spelling is for the rest.
 bool Icon_There(ICON_SEARCH& search, std::string_view name)
 {
     if (name.empty()) return false;
-    if (search.FOLDER.empty()) search.FOLDER = Home_Path("\\icons");
+    if (!search.OPENED) search.FOLDER = ::open(Home_Path("\\icons").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    search.OPENED = true;
+    const bool plain = name.find_first_of(std::string_view("\\/\0", 3)) == name.npos;
+    struct stat about {};
+    if (plain && search.FOLDER >= 0 && ::fstatat(search.FOLDER, To_Utf8(name).c_str(), &about, 0) == 0 &&
+        S_ISREG(about.st_mode))
+        return true;
     std::error_code fault;
-    const bool plain =
-        name.find_first_of(std::string_view("\\/\0", 3)) == name.npos && name != "." && name != "..";
-    if (plain && std::filesystem::is_regular_file(search.FOLDER / To_Utf8(name), fault)) return true;
     return std::filesystem::is_regular_file(Home_Path(Cat("\\icons\\", name)), fault);
 }
 
 }   // namespace
+
+ICON_SEARCH::~ICON_SEARCH()
+{
+    if (FOLDER >= 0) ::close(FOLDER);
+}
 
 void Look_For_Icon(ICON_SEARCH& search, std::string_view name)
 {

@@ -1,7 +1,6 @@
 #pragma once
 // The pictures that a load puts on the map. The engine draws none; it tells which are missing.
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,9 +10,15 @@ namespace sm {
 /// One load's look at the icons folder. Each missing icon gets one line in the log, the first of a load also a
 /// box; reading goes on.
 struct ICON_SEARCH {
-    std::filesystem::path FOLDER;    ///< the icons folder, once it was looked up
-    std::vector<std::string> SEEN;   ///< names already looked for, in byte order
+    int FOLDER = -1;       ///< the icons folder, open
+    bool OPENED = false;   ///< whether that was tried
     bool BOXED = false;
+    std::vector<std::string> SEEN;   ///< names already looked for, in byte order
+
+    ICON_SEARCH() = default;
+    ~ICON_SEARCH();
+    ICON_SEARCH(const ICON_SEARCH&) = delete;
+    ICON_SEARCH& operator=(const ICON_SEARCH&) = delete;
 };
 void Look_For_Icon(ICON_SEARCH& search, std::string_view name);
 

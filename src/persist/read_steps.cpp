@@ -142,20 +142,12 @@ const std::vector<RECORD_LINE>& Record_Lines(int part)
     return LINES[part];
 }
 
-const STEP* Side_Effect_Within(int part, int lines)
+int Side_Effect_Line(int part)
 {
-    static const auto WHERE = [] {
-        std::array<int, FILE_PARTS> where;
-        for (int p = 0; p < FILE_PARTS; ++p) {
-            where[p] = -1;
-            for (std::size_t i = 0; i < Record_Lines(p).size(); ++i) {
-                const STEP* step = Record_Lines(p)[i].TAKE;
-                if (step != nullptr && step->SIDE_EFFECT != nullptr) where[p] = static_cast<int>(i);
-            }
-        }
-        return where;
-    }();
-    return WHERE[part] >= 0 && WHERE[part] < lines ? Record_Lines(part)[WHERE[part]].TAKE : nullptr;
+    const std::vector<RECORD_LINE>& lines = Record_Lines(part);
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i].TAKE != nullptr && lines[i].TAKE->SIDE_EFFECT != nullptr) return static_cast<int>(i);
+    return -1;
 }
 
 int Take_Value(const STEP& step, char* record, const char*& at, const char* end, const STEP*& outside)

@@ -22,8 +22,8 @@ struct STEP {
 /// One for each of Read_Keys, in the same order.
 const std::vector<STEP>& Steps();
 
-/// Stores the value that begins at `at`, behind its key, and moves `at` behind its line end. 0, or the number of the
-/// failure. The first number outside its field's range, which is no failure, leaves its key in `outside`.
+/// Stores the value that begins at `at`, behind its key, and moves `at` behind its line end. 0, or the number of
+/// the failure. The first number outside its field's range, which is no failure, leaves its key in `outside`.
 int Take_Value(const STEP& step, char* record, const char*& at, const char* end, const STEP*& outside);
 
 /// A line of a record as the writer lays it out; STEP is nullptr where the reader takes nothing from it.
@@ -33,7 +33,7 @@ struct RECORD_LINE {
 };
 /// The lines of one record of a table, first to last.
 const std::vector<RECORD_LINE>& Record_Lines(int part);
-/// The key with a side effect among the first lines of a record, nullptr for none.
-const STEP* Side_Effect_Within(int part, int lines);
+/// The line of a record whose key has a side effect, -1 for none.
+int Side_Effect_Line(int part);
 
 }   // namespace sm

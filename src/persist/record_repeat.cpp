@@ -50,17 +50,16 @@ const char* Behind_Line(const char* at, const char* end)
 
 }   // namespace
 
-REPEAT_RESULT Read_Repeated(int part, RECORD_BEFORE& before, char* record, const char*& at, const char* end,
-                            const STEP*& outside)
+REPEAT_RESULT Read_Repeated(const std::vector<RECORD_LINE>& lines, int bytes, RECORD_BEFORE& before, char* record,
+                            const char*& at, const char* end, const STEP*& outside)
 {
-    const std::vector<RECORD_LINE>& lines = Record_Lines(part);
     const std::size_t count = lines.size();
-    std::vector<int>& line_at =
-        before.LINE_AT;   // entries up to the line in hand are this record's, later ones that before
+    // Up to the line in hand the entries are this record's, from there on those of the one before.
+    std::vector<int>& line_at = before.LINE_AT;
     const char* const start = at;
     const char* was = before.TEXT;   // the place in the text before that `at` is compared with
     if (was != nullptr)
-        std::memcpy(record, before.RECORD, static_cast<std::size_t>(File_Parts()[part].STRIDE));
+        std::memcpy(record, before.RECORD, static_cast<std::size_t>(bytes));
     else
         line_at.assign(count + 1, 0);
 

@@ -22,9 +22,9 @@ struct REPEAT_RESULT {
     bool WHOLE;    ///< the record is read; false: its next line is another than the writer writes
 };
 
-/// Reads one record that begins at `at` with its first key. `record` is as a new one: all 0 and blank. `outside`
-/// as in Take_Value.
-REPEAT_RESULT Read_Repeated(int part, RECORD_BEFORE& before, char* record, const char*& at, const char* end,
-                            const STEP*& outside);
+/// Reads one record that begins at `at` with its first key. `record`, of so many bytes, is as a new one: all 0 and
+/// blank. `outside` as in Take_Value.
+REPEAT_RESULT Read_Repeated(const std::vector<RECORD_LINE>& lines, int bytes, RECORD_BEFORE& before, char* record,
+                            const char*& at, const char* end, const STEP*& outside);
 
 }   // namespace sm
