@@ -38,7 +38,8 @@ std::filesystem::path Map_Path(const char* folder, std::string_view name)
     return name.empty() ? std::filesystem::path() : Home_Path(Cat("\\", folder, "\\", name));
 }
 
-void Load_Picture()
+/// False when there is no picture to load.
+bool Load_Picture()
 {
     const std::string path = Map_Path("Maps", MAPFILE).string();
     if (path.empty() || path != LOADED.PICTURE) {
@@ -51,6 +52,7 @@ void Load_Picture()
         Screen().Changed(Redraw::ALL);
     }
     Set_Picture_Size(LOADED.WIDTH, LOADED.HEIGHT);
+    return !LOADED.PICTURE.empty();
 }
 
 /// What a row of this type adds to the value of its cell.
@@ -181,7 +183,7 @@ bool Prepare_Map()
         if (no_map) return true;
         return Tell_Fault(std::string(Trim(Last_Part(TERRAIN_FILE))), fault);
     }
-    Load_Picture();
+    const bool seen = Load_Picture();
     HEXCOUNT = Round_Even(static_cast<double>(NUMCOLS) * static_cast<double>(NUMROWS));
     Show_Status(Cat("Battlefield Size: ", To_Text(NUMCOLS), " x ", To_Text(NUMROWS), " kms"));
     const bool read = Load_Terrain();
@@ -189,6 +191,11 @@ bool Prepare_Map()
     Lay_Overlays();
     Put_Units_On_Terrain();
     Screen().Changed(Redraw::GRAPHICS);
+    if (!seen && NetRole == 2 && !Trim(MAPFILE).empty()) {
+        // The picture bounds the map: without it this seat would play another game than its host.
+        Screen().Box("Stonemarch", Cat("Error loading map!\r", std::string_view(MAPFILE)));
+        return false;
+    }
     return read;
 }
 

@@ -7,10 +7,11 @@
 namespace sm {
 
 /// Prepares the map of the game in play: picture size, HEXCOUNT, base terrain from the .ter file, bridges of the
-/// map, overlays of BG, terrain under every unit. Runs after every load, tape and transfer. False when the terrain
-/// file cannot be read (the log and a box say so); the grid is then unrestricted ground. False too for a grid that
-/// no map can have (more than 150000 cells, no scale): HEXCOUNT is then 0. A game that names no map at all is
-/// fine, with HEXCOUNT 0.
+/// map, overlays of BG, terrain under every unit. Runs after every load, tape and transfer. A game that names no
+/// map at all is fine, with HEXCOUNT 0. Otherwise false, told in the log and a box:
+///   - when the terrain file cannot be read; the grid is then unrestricted ground;
+///   - for a grid that no map can have (more than 150000 cells, no scale); HEXCOUNT is then 0;
+///   - at a client of a network game that lacks the map's picture. Elsewhere the game goes on without one.
 bool Prepare_Map();
 
 /// Bytes of one cell in a terrain file: value, name of 15 characters, high-ground flag, contamination flag.

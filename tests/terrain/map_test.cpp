@@ -239,6 +239,9 @@ TEST_F(Map_Test, ThePictureOfTheMapBoundsTheGrid)
     MAPFILE = "lost.bmp";
     ASSERT_TRUE(Prepare_Map());   // the game goes on without a picture
     EXPECT_EQ(Hex_Number(19, 29), 6);
+    NetRole = 2;   // but not at a seat whose host may have one
+    EXPECT_FALSE(Prepare_Map());
+    EXPECT_TRUE(BOARD.SCREEN.Heard("box", "Error loading map!\rlost.bmp"));
 }
 
 TEST_F(Map_Test, TakingAnOverlayOffGivesItBackAndLeavesTheBridgeUnderIt)
