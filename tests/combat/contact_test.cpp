@@ -415,6 +415,20 @@ TEST(Screens, SmallTargetsAreSeenFromNinetyAndConvoysShotUp)
     EXPECT_LT(as_convoy.Blue().RCP2, 10.0f);
 }
 
+TEST(Screens, EitherSideMayBreakContactAtOnce)
+{
+    for (const bool enemy_is_nervous : {true, false}) {
+        Meeting m;
+        m.Blue().TACOPN = 3;
+        Set_Footprint(m.B);
+        Set_Screen(m.B);
+        m.Red().RETREATP = enemy_is_nervous ? 1 : 0;   // 1 % or 15 %; it loses 4 %
+        Engage_Unit(m.B, FIRE);
+        EXPECT_EQ(m.Red().X, 225 + (enemy_is_nervous ? 60 : 0));
+        EXPECT_EQ(m.Blue().X, 205);
+    }
+}
+
 TEST(Screens, FindWorksOfTheEnemyUnderAnyOfTheirPoints)
 {
     const auto found = [](int pixels, int type, int side = RED) {
