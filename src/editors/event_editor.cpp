@@ -151,7 +151,8 @@ void Close_Event(int row)
 
 bool Delete_Event(int row)
 {
-    if (!May_Edit_Events() || !Screen().Ask("Stonemarch", "Are you sure that you want to delete this Event?")) return false;
+    if (!May_Edit_Events() || !Screen().Ask("Stonemarch", "Are you sure that you want to delete this Event?"))
+        return false;
     Send_Net_Message(Cat("91\xA6", To_Text(row), "\xA6"));
     Remove_Event(row);
     return true;

@@ -1,6 +1,7 @@
 #pragma once
-// The event editor (frmAction): placing, editing and deleting scripted events. Each choice is stored at once; closing tells
-// the other seats. Only the game editor and the host of a network game may change events, and nobody in a running turn.
+// The event editor (frmAction): placing, editing and deleting scripted events. Each choice is stored at once;
+// closing tells the other seats. Only the game editor and the host of a network game may change events, and nobody
+// in a running turn.
 
 #include <string>
 #include <string_view>

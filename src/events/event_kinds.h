@@ -18,7 +18,8 @@ int Event_Side(const EVENT_KIND& kind);
 
 /// PPTRIGGER; the list's first position is 1.
 enum Event_Trigger { TRIGGER_IMMEDIATE = 1, TRIGGER_ANY = 2, TRIGGER_LOGISTICS = 3, TRIGGER_COMBAT = 4 };
-inline constexpr const char* TRIGGER_LABELS[] = {"Immediate", "Any Blue Unit", "Blue Logistics Unit", "Blue Combat Unit"};
+inline constexpr const char* TRIGGER_LABELS[] = {"Immediate", "Any Blue Unit", "Blue Logistics Unit",
+                                                 "Blue Combat Unit"};
 
 /// PPOBSTACLE
 inline constexpr const char* MOVEMENT_LABELS[] = {"No Effect", "Slow", "Stop!"};

@@ -29,11 +29,16 @@ bool Triggers(int u, int row)
 {
     const UNIT_RECORD& unit = UNIT[u];
     switch (PP[row].PPTRIGGER) {
-    case TRIGGER_IMMEDIATE: return true;
-    case TRIGGER_ANY: return unit.STATUS > 0;
-    case TRIGGER_LOGISTICS: return unit.STATUS > 0 && unit.TYPE == LOGISTICS;
-    case TRIGGER_COMBAT: return unit.STATUS > 0 && unit.TYPE != LOGISTICS;
-    default: return false;
+    case TRIGGER_IMMEDIATE:
+        return true;
+    case TRIGGER_ANY:
+        return unit.STATUS > 0;
+    case TRIGGER_LOGISTICS:
+        return unit.STATUS > 0 && unit.TYPE == LOGISTICS;
+    case TRIGGER_COMBAT:
+        return unit.STATUS > 0 && unit.TYPE != LOGISTICS;
+    default:
+        return false;
     }
 }
 
@@ -57,8 +62,9 @@ void Tell_Attrition(int u, int row, float loss)
 {
     const std::string name = UNIT[u].NAME.Str(), percent = To_Text(PP[row].PPDURATION);
     const bool blue = UNIT[u].SIDE == BLUE;
-    const Drawing burst{PP[row].PPEFFECT == BY_INDIRECT_FIRE ? Draw::IMPACT : Draw::EXPLOSION, PP[row].PPX, PP[row].PPY,
-                        PP[row].PPX, PP[row].PPY, u, 0};
+    const int x = PP[row].PPX, y = PP[row].PPY;
+    const Draw kind = PP[row].PPEFFECT == BY_INDIRECT_FIRE ? Draw::IMPACT : Draw::EXPLOSION;
+    const Drawing burst{kind, x, y, x, y, u, 0};
     switch (PP[row].PPEFFECT) {
     case BY_DIRECT_FIRE:
         Screen().Drawn(burst);
@@ -75,7 +81,8 @@ void Tell_Attrition(int u, int row, float loss)
         Screen().Drawn(burst);
         Post_At(u, Cat("SITREP: ", name, " lost ", percent, "%", " as a result of a mine/bomb!"), TOLD_FOR, BOTH);
         break;
-    default: break;
+    default:
+        break;
     }
 }
 
@@ -88,8 +95,8 @@ void Happen(int u, int row)
         const float loss = share * UNIT[u].RCP2;
         UNIT[u].TURNLOSS += loss;
         if (Explaining(u))
-            Explain_Line(Cat(UNIT[u].NAME, " meets event ", To_Text(row), ": ", To_Text(PP[row].PPDURATION), "% of ",
-                             To_Text(UNIT[u].RCP2), ", loss ", To_Text(loss)));
+            Explain_Line(Cat(UNIT[u].NAME, " meets event ", To_Text(row), ": ", To_Text(PP[row].PPDURATION),
+                             "% of ", To_Text(UNIT[u].RCP2), ", loss ", To_Text(loss)));
         Tell_Attrition(u, row, loss);
     }
     PP[row].PPACTIVE = 1;
@@ -121,7 +128,8 @@ void Open_Event(int row)
     if (PP[row].PPPROBE < 1 || PP[row].PPPROBE > 3 || name.empty()) return;
     const std::filesystem::path file = Home_Path(Cat("\\events\\", name));
     std::error_code fault;
-    if (std::filesystem::is_regular_file(file, fault)) Screen().Media(Kind_Of_File(PP[row].PPPROBE), file.string());
+    if (std::filesystem::is_regular_file(file, fault))
+        Screen().Media(Kind_Of_File(PP[row].PPPROBE), file.string());
 }
 
 bool Event_Shown(int row)

@@ -2,16 +2,16 @@
 
 namespace sm {
 
-/// Scripted events at a place for a (Blue) unit: they slow or stop it, and those that have not happened yet do so. What
-/// they cost is collected in TURNLOSS.
+/// Scripted events at a place for a (Blue) unit: they slow or stop it, and those that have not happened yet do so.
+/// What they cost is collected in TURNLOSS.
 void Event_Check(int unit, int x, int y);
 
-/// Shows an event's message and its sound, picture or video; nothing before it has happened, but for Red. A file that is
-/// not there stays away without a word.
+/// Shows an event's message and its sound, picture or video; nothing before it has happened, but for Red. A file
+/// that is not there stays away without a word.
 void Open_Event(int row);
 
-/// Whether this seat sees the event's icon: all do once it has happened, Red always. The icon's corner lies this many
-/// pixels up and left of the place.
+/// Whether this seat sees the event's icon: all do once it has happened, Red always. The icon's corner lies this
+/// many pixels up and left of the place.
 inline constexpr int EVENT_ICON_OFFSET = 16;
 bool Event_Shown(int row);
 

@@ -76,10 +76,14 @@ bool Sensor_Finds(int u, int j, int distance, int reach)
 {
     switch (UNIT[u].SENSORT) {
     case OPTICAL:
-    case THERMAL: return static_cast<float>(distance) <= MAPSCALE;   // about one cell around
-    case RADAR: return UNIT[j].MOVESTATUS == 2;                       // only what moves
-    case ELINT: return Intercept_Traffic(u, j, distance, reach);
-    default: return false;
+    case THERMAL:
+        return static_cast<float>(distance) <= MAPSCALE;   // about one cell around
+    case RADAR:
+        return UNIT[j].MOVESTATUS == 2;   // only what moves
+    case ELINT:
+        return Intercept_Traffic(u, j, distance, reach);
+    default:
+        return false;
     }
 }
 

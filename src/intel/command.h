@@ -11,7 +11,8 @@ void C2_Check(int unit);
 void IEW_Sweep(int unit);
 void Psyops_Attack(int unit);
 
-/// The command line of the status panel, with its QB colours. A unit that is both bad and jammed (C2 -1) has no text.
+/// The command line of the status panel, with its QB colours. A unit that is both bad and jammed (C2 -1) has no
+/// text.
 struct C2_PANEL {
     std::string TEXT;
     int BACKGROUND, FOREGROUND;

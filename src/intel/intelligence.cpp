@@ -35,10 +35,14 @@ void Show_To_Seat(int u)
 int Chance_Against_Watchers(int tacopn, int held)
 {
     switch (tacopn) {
-    case 1: return 1;
-    case 3: return 3;
-    case 11: return 5;
-    default: return held;
+    case 1:
+        return 1;
+    case 3:
+        return 3;
+    case 11:
+        return 5;
+    default:
+        return held;
     }
 }
 
@@ -69,8 +73,10 @@ void Test_Areas(int u, int& chance)
 {
     for (int g = 1; g <= MAX_P; ++g) {
         if (!Meets_Area(u, g, UNIT[u].X, UNIT[u].Y)) continue;
-        if (P[g].PTYPE == NAMED_AREA) Cross_Named_Area(u, g, chance);
-        else Fire_Linked_Targets(u, g);
+        if (P[g].PTYPE == NAMED_AREA)
+            Cross_Named_Area(u, g, chance);
+        else
+            Fire_Linked_Targets(u, g);
         if (UNIT[u].STATUS < 1) return;
     }
 }

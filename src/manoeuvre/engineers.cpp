@@ -42,7 +42,8 @@ int New_Work(int hex, int type, int side)
 
 // ---------------------------------------------------------------------------------------------- seeing
 
-/// What the unit sees around it, in pixels: an air collector by its optics, any other by its own ground and 16 more.
+/// What the unit sees around it, in pixels: an air collector by its optics, any other by its own ground and 16
+/// more.
 bool Sees(int u, int distance)
 {
     const UNIT_RECORD& unit = UNIT[u];
@@ -68,7 +69,8 @@ void See_Smoke(int u)
     }
 }
 
-/// Enemy works, row by row. `first_own` is the row of mines under the unit; true when this loop has tried to breach it.
+/// Enemy works, row by row. `first_own` is the row of mines under the unit; true when this loop has tried to
+/// breach it.
 bool See_Works(int u, int first_own)
 {
     bool tried = false;
@@ -132,7 +134,7 @@ void Clear_Lane(int u, int row)
     Post_Own(u, Cat(UNIT[u].NAME, ": Obstacle is reduced!"), 0);
 }
 
-// ---------------------------------------------------------------------------------------------- work at the turn's end
+// ---------------------------------------------------------------------------------------------- end of the turn
 
 /// Turns left of the work in hand, told while it goes on.
 void Go_On_Working(int u)
@@ -148,7 +150,8 @@ void Go_On_Working(int u)
     else if (unit.TIMEREGR < 4)
         Post_Own(u, Cat(unit.NAME, ": Assault crossing will be complete in 1 turn!"), 0);
     else
-        Post_Own(u, Cat(unit.NAME, ": Fortification will be complete in ", To_Text(unit.TIMEREGR - 3), " turn!"), 0);
+        Post_Own(u, Cat(unit.NAME, ": Fortification will be complete in ", To_Text(unit.TIMEREGR - 3), " turn!"),
+                 0);
 }
 
 /// The unit is free again even where nothing can be built: no row, or mines laid over the works meanwhile.
@@ -179,7 +182,8 @@ int Row_For_Bridge(int hex, int side)
 void Build_Bridge(int u)
 {
     UNIT_RECORD& unit = UNIT[u];
-    if (unit.TYPE != BRIDGE_ENGINEER || unit.BRIDGING < 1 || unit.TERTYPE != RIVER || !In_Grid(unit.HEXNUM)) return;
+    if (unit.TYPE != BRIDGE_ENGINEER || unit.BRIDGING < 1 || unit.TERTYPE != RIVER || !In_Grid(unit.HEXNUM))
+        return;
     if (Row_For_Bridge(unit.HEXNUM, unit.SIDE) == 0) return;
     Set_Cell(unit.HEXNUM, BRIDGE, "Bridge");
     unit.BRIDGING -= 1;
@@ -212,11 +216,16 @@ std::string Work_Icon(int row)
 {
     if (!Used(BG[row])) return "";
     switch (BG[row].BGTYPE) {
-    case BLOWN: return Cat("blbrdg", Bridge_Direction(row), ".ico");
-    case BRIDGE: return Cat("brdg", Bridge_Direction(row), ".ico");
-    case MINES: return "mine.ico";
-    case FORT: return "fort.ico";
-    default: return "";
+    case BLOWN:
+        return Cat("blbrdg", Bridge_Direction(row), ".ico");
+    case BRIDGE:
+        return Cat("brdg", Bridge_Direction(row), ".ico");
+    case MINES:
+        return "mine.ico";
+    case FORT:
+        return "fort.ico";
+    default:
+        return "";
     }
 }
 
@@ -251,8 +260,8 @@ void Breach_Obstacle(int u, int row)
     const int roll = Roll_Dice(how.SITE);
     const int result = roll - how.LESS;
     if (Explaining(u))
-        Explain_Line(Cat(unit.NAME, " breaches ", how.NAME, ": roll ", To_Text(roll), " - ", To_Text(how.LESS), " = ",
-                         To_Text(result), ", fails below 10, loss ", To_Text(loss)));
+        Explain_Line(Cat(unit.NAME, " breaches ", how.NAME, ": roll ", To_Text(roll), " - ", To_Text(how.LESS),
+                         " = ", To_Text(result), ", fails below 10, loss ", To_Text(loss)));
     (unit.SIDE == BLUE ? BMANL : RMANL) += loss;
     Apply_Loss(u, loss);
     if (unit.STATUS < 1) return;

@@ -43,11 +43,11 @@ constexpr FACTOR_ROW PERSISTENT_BY_MOPP[] = {{0, 2, 2.0f}, {3, 4, 0.5f}};
 constexpr FACTOR_ROW BY_MORALE[] = {{0, 0, 1.3f}, {1, 1, 1.2f}, {2, 2, 1.0f}, {3, 3, 0.9f}, {4, 4, 0.8f}};
 constexpr FACTOR_ROW BY_FATIGUE[] = {{0, 1, 0.9f}, {2, 15, 1.0f}, {16, 21, 1.1f}, {LEAST, MOST, 1.3f}};
 constexpr FACTOR_ROW BY_TERRAIN[] = {
-    {0, 0, 1.0f}, {1, 1, 0.9f}, {2, 2, 0.8f},   {3, 3, 1.2f},   {4, 4, 0.8f},
+    {0, 0, 1.0f}, {1, 1, 0.9f}, {2, 2, 0.8f}, {3, 3, 1.2f},   {4, 4, 0.8f},
     {5, 5, 1.2f}, {6, 6, 0.8f}, {7, 7, 1.2f}, {11, 18, 1.4f}, {21, 27, 0.5f},
 };
-static_assert(In_Order(CLOUD_BY_MOPP) && In_Order(PERSISTENT_BY_MOPP) && In_Order(BY_MORALE) && In_Order(BY_FATIGUE) &&
-              In_Order(BY_TERRAIN));
+static_assert(In_Order(CLOUD_BY_MOPP) && In_Order(PERSISTENT_BY_MOPP) && In_Order(BY_MORALE) &&
+              In_Order(BY_FATIGUE) && In_Order(BY_TERRAIN));
 
 float Protection(int u, int type)
 {
@@ -94,8 +94,10 @@ void Hide_In_Smoke(int row, int u)
     if (!Touches(row, u, NBC[row].NBCSIZE / 2 + 10)) return;
     UNIT[u].OBSCURED = 1;
     Unit_Report(17, u);
-    if (UNIT[u].SPOTTED < 1 && UNIT[u].SIDE != UserSide) Hide_Picture(u);
-    else Show_Picture(u);
+    if (UNIT[u].SPOTTED < 1 && UNIT[u].SIDE != UserSide)
+        Hide_Picture(u);
+    else
+        Show_Picture(u);
 }
 
 void Put_Row(int row, int x, int y)
@@ -114,8 +116,10 @@ void NBC_Phase()
         // A quarter of an hour has no slice on which a cloud drifts and ends.
         if (TurnLength == 2 && NBC[row].NBCTYPE == CLOUD && GTURN > NBC[row].NBCSTIME) Remove_NBC(row);
         if (NBC[row].NBCTYPE != PERSISTENT) continue;
-        if (NBC[row].NBCSTIME == GTURN) Remove_NBC(row);
-        else NBC_Check(row);
+        if (NBC[row].NBCSTIME == GTURN)
+            Remove_NBC(row);
+        else
+            NBC_Check(row);
     }
 }
 
@@ -139,8 +143,10 @@ void NBC_Check(int row)
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
         if (UNIT[u].STATUS < 1) continue;
-        if (NBC[row].NBCTYPE == SMOKE) Hide_In_Smoke(row, u);
-        else Gas_Unit(row, u);
+        if (NBC[row].NBCTYPE == SMOKE)
+            Hide_In_Smoke(row, u);
+        else
+            Gas_Unit(row, u);
     }
 }
 
@@ -149,7 +155,8 @@ void NBC_Loss(int u, int type)
     const bool told = Explaining(u);
     const float power = UNIT[u].RCP2;
     const float base = power * 0.1f;
-    if (told) Explain_Line(Cat(UNIT[u].NAME, " in agent ", To_Text(type), ": a tenth of its power ", To_Text(base)));
+    if (told)
+        Explain_Line(Cat(UNIT[u].NAME, " in agent ", To_Text(type), ": a tenth of its power ", To_Text(base)));
     float loss = Multiply_Out(base, AGENT_FACTORS, told, u, type);
     loss = std::min(std::max(loss, 0.01f), power);
     const int percent = Percent_Lost(u, loss);

@@ -56,10 +56,14 @@ ALLOWANCE Allowance(int type, int side)
     if (side != BLUE && side != RED) return {};
     const bool blue = side == BLUE;
     switch (type) {
-    case BRIDGE: return blue ? ALLOWANCE{&BBNOW, BBMAX} : ALLOWANCE{&RBNOW, RBMAX};
-    case MINES: return blue ? ALLOWANCE{&BOBST, BOBSTMAX} : ALLOWANCE{&ROBST, ROBSTMAX};
-    case FORT: return blue ? ALLOWANCE{&BFORTS, BFORTSMAX} : ALLOWANCE{&RFORTS, RFORTSMAX};
-    default: return {};
+    case BRIDGE:
+        return blue ? ALLOWANCE{&BBNOW, BBMAX} : ALLOWANCE{&RBNOW, RBMAX};
+    case MINES:
+        return blue ? ALLOWANCE{&BOBST, BOBSTMAX} : ALLOWANCE{&ROBST, ROBSTMAX};
+    case FORT:
+        return blue ? ALLOWANCE{&BFORTS, BFORTSMAX} : ALLOWANCE{&RFORTS, RFORTSMAX};
+    default:
+        return {};
     }
 }
 
@@ -163,8 +167,9 @@ bool cmdFort_Click(int unit)
     if (u.STATUS != 2) return Refuse(ENGINEER, NEEDS_ENGINEERS);
     if (u.TIMEREGR != 0) return Refuse(ENGINEER, HAS_A_MISSION);
     if (!Has_Engineers(unit))
-        return Refuse(ENGINEER, GTURN <= 0 ? "Use the Graphics Menu to emplace fortifications during game start-up!"
-                                           : NEEDS_ENGINEERS);
+        return Refuse(ENGINEER, GTURN <= 0
+                                    ? "Use the Graphics Menu to emplace fortifications during game start-up!"
+                                    : NEEDS_ENGINEERS);
     if (u.FIREMISSION > 0) return Refuse(ENGINEER, HAS_A_MISSION);
     if (!Fort_Left(u.SIDE)) return Refuse(ENGINEER, Tool_Of_Kind(CROSSING_FORT)->NONE_LEFT);
     if (NetRole == CLIENT) {
@@ -223,8 +228,8 @@ bool Place_Planned_Work(int x, int y)
     }
     if (issued.ROW > 0) {
         const Point corner = Hex_Origin(hex);
-        const PLACED_WORK work{issued.ROW, corner.X, corner.Y,          tool->TYPE,
-                               side,       hex,      value + tool->ADDED, tool->NAME};
+        const PLACED_WORK work{issued.ROW,          corner.X,  corner.Y, tool->TYPE, side, hex,
+                               value + tool->ADDED, tool->NAME};
         Place_Work(work);
         Tell_Seats({10, work.ROW, work.X, work.Y, work.TYPE, work.SIDE, work.HEX, work.VALUE}, work.NAME);
     }

@@ -1,7 +1,7 @@
 #pragma once
 // Planning of engineer work: the Fortify command, and the works that a side has on the map when the battle begins.
-// Demolitions and minefields are missions (ui/fire_planning.h). Every command answers false, with its words in a box,
-// when it is refused.
+// Demolitions and minefields are missions (ui/fire_planning.h). Every command answers false, with its words in a
+// box, when it is refused.
 
 #include <string>
 
@@ -14,10 +14,11 @@ enum Crossing_Kind { CROSSING_BRIDGE = 7, CROSSING_OBSTACLE = 11, CROSSING_FORT 
 
 struct CROSSING {
     bool BOOKED = false;   ///< the allowance held it; side 3 has no limit
-    int ROW = 0;           ///< free row of BG, 0 when none is left; a fortification takes its row when it is finished
+    int ROW = 0;   ///< free row of BG, 0 when none is left; a fortification takes its row when it is finished
 };
-/// Books one item to the side that asks and finds a row: of the side's half in a network game, else of all 300. Without a
-/// row the item stays booked at a single seat; in a network game it is given back, since no message tells the others.
+/// Books one item to the side that asks and finds a row: of the side's half in a network game, else of all 300.
+/// Without a row the item stays booked at a single seat; in a network game it is given back, since no message
+/// tells the others.
 CROSSING Issue_Crossing(int kind, int side);
 
 /// One item of the BG type (7, 8, 9) booked to a side (1, 2), as the other seats do on message 10.
@@ -41,7 +42,8 @@ bool Place_Planned_Work(int x, int y);
 /// The eraser on a row of the works: own ones while a game is set up, all in the editor.
 bool Erase_Planned_Work(int row);
 
-/// A placed work as message 10 carries it. X, Y is the upper left corner of the cell, VALUE and NAME the cell afterwards.
+/// A placed work as message 10 carries it. X, Y is the upper left corner of the cell, VALUE and NAME the cell
+/// afterwards.
 struct PLACED_WORK {
     int ROW = 0, X = 0, Y = 0, TYPE = 0, SIDE = 0, HEX = 0, VALUE = 0;
     std::string NAME;

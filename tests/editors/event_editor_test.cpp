@@ -36,7 +36,8 @@ TEST(EventEditor, AnEventIsPlacedNamedAndEdited)
     Choose_Media_Kind(row, 3);
     editor.BOARD.SCREEN.FILES = {"C:\\films/Block.avi"};
     Choose_Media_File(row);
-    Set_Event_Message(row, "A \"road\xA6" "block\"\nahead");
+    Set_Event_Message(row, "A \"road\xA6"
+                           "block\"\nahead");
     Close_Event(row);
     const PP_RECORD& e = PP[1];
     EXPECT_EQ(e.PPX, 70);
@@ -52,13 +53,14 @@ TEST(EventEditor, AnEventIsPlacedNamedAndEdited)
     EXPECT_EQ(e.PPDURATION, 20);
     EXPECT_EQ(e.PPEFFECT, 1);
     EXPECT_EQ(e.PPPFILE, "Block.avi");   // the name only: it is looked for in the events folder
-    EXPECT_TRUE(editor.BOARD.SCREEN.Heard("file", "Select Event File|\\events\\|Video Files (*.mpg)|*.mpg|AVI (*.avi)|*.avi"));
+    EXPECT_TRUE(editor.BOARD.SCREEN.Heard(
+        "file", "Select Event File|\\events\\|Video Files (*.mpg)|*.mpg|AVI (*.avi)|*.avi"));
     EXPECT_EQ(e.PPMSG, "A 'road|block' ahead");
     Choose_Event_Trigger(row, 0);
-    EXPECT_EQ(PP[1].PPACTIVE, 1);        // immediate events are born happened
+    EXPECT_EQ(PP[1].PPACTIVE, 1);   // immediate events are born happened
     Choose_Attrition(row, 13);
     Choose_Event_Kind(row, 51);
-    EXPECT_EQ(PP[1].PPDURATION, 20);     // not in the list
+    EXPECT_EQ(PP[1].PPDURATION, 20);   // not in the list
     EXPECT_EQ(PP[1].PPTYPE, 39);
 }
 

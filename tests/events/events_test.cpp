@@ -54,14 +54,14 @@ TEST(Events, EveryKindHasItsSideAndIcon)
         const char* ICON;
         int SIDE;
     };
-    for (const CASE& c : {CASE{1, "Ambush (Red)", "2.ico", RED}, CASE{12, "Casualties (Blue)", "36.ico", BLUE},
-                          CASE{23, "Government Building (Neutral)", "42.ico", BOTH},
-                          CASE{24, "Hospital (Neutral)", "23.ico", BOTH},
-                          CASE{25, "Government Building (Neutral)", "44.ico", BOTH},
-                          CASE{34, "Recruitment (Red-Willing)", "47.ico", RED},
-                          CASE{40, "Roadblock (Red-Started)", "18.ico", RED},
-                          CASE{47, "Vandalism/Rape/Plunder (Red)", "39.ico", RED}, CASE{49, "Other (Blue)", "38.ico", BLUE},
-                          CASE{50, "Other (Neutral)", "38.ico", BOTH}}) {
+    for (const CASE& c :
+         {CASE{1, "Ambush (Red)", "2.ico", RED}, CASE{12, "Casualties (Blue)", "36.ico", BLUE},
+          CASE{23, "Government Building (Neutral)", "42.ico", BOTH},
+          CASE{24, "Hospital (Neutral)", "23.ico", BOTH},
+          CASE{25, "Government Building (Neutral)", "44.ico", BOTH},
+          CASE{34, "Recruitment (Red-Willing)", "47.ico", RED}, CASE{40, "Roadblock (Red-Started)", "18.ico", RED},
+          CASE{47, "Vandalism/Rape/Plunder (Red)", "39.ico", RED}, CASE{49, "Other (Blue)", "38.ico", BLUE},
+          CASE{50, "Other (Neutral)", "38.ico", BOTH}}) {
         const EVENT_KIND* kind = Event_Kind(c.TYPE);
         ASSERT_NE(kind, nullptr);
         EXPECT_STREQ(kind->LABEL, c.LABEL);
@@ -107,7 +107,7 @@ TEST(Events, AStopTakesAllMovementFromGroundUnitsAgainAndAgain)
     road.Meet();
     EXPECT_EQ(LOGGED.size(), 1u);   // nothing left to take
     UNIT[road.COLUMN].MOVEPOINTS2 = 24;
-    road.Meet();                    // the next turn: it has happened, and stops all the same
+    road.Meet();   // the next turn: it has happened, and stops all the same
     EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 0);
     UNIT[road.COLUMN].MOVEPOINTS2 = 24;
     UNIT[road.COLUMN].MOBILITY = 3;
@@ -232,7 +232,7 @@ TEST(Events, AnEventIsOpenedOnceItHasHappenedAndByRedBefore)
     EXPECT_TRUE(Event_Shown(4));
     Open_Event(4);
     EXPECT_EQ(screen.Count("media", "Riot.WAV"), 2);
-    PP[4].PPPFILE = "gone.wav";      // a missing file is silent
+    PP[4].PPPFILE = "gone.wav";   // a missing file is silent
     Open_Event(4);
     PP[4].PPPFILE = "..\\events\\Riot.WAV";
     Open_Event(4);

@@ -81,13 +81,13 @@ TEST(Command, AJamOfTheUnitOrOfItsHeadquartersCostsOneLevelAndNotTwo)
     EXPECT_EQ(C2_At(100, 5, 2, 5), 2);
     EXPECT_EQ(C2_At(100, 5, 2, 0, 10), 2);
     EXPECT_EQ(C2_At(100, 5, 2, 10, 10), 2);
-    EXPECT_EQ(C2_At(100, 5, 2, 2, 2), 3);     // located is not degraded
+    EXPECT_EQ(C2_At(100, 5, 2, 2, 2), 3);   // located is not degraded
     EXPECT_EQ(C2_At(900, 5, 2, 10), -1);
     Board board(10, 10);
     const int alone = board.Place(BLUE, 5, 5);
     UNIT[alone].EWSTATUS = 5;
     C2_Check(alone);
-    EXPECT_EQ(UNIT[alone].C2, -1);            // no headquarters at all
+    EXPECT_EQ(UNIT[alone].C2, -1);   // no headquarters at all
     EXPECT_EQ(C2_Panel(alone).TEXT, "");
 }
 
@@ -233,15 +233,15 @@ TEST(Sweep, WhatASeatSeesNeverChangesTheModel)
 TEST(Psyops, ALowSumCostsALevelOfMorale)
 {
     // The sum is roll - 20 and what the target's state adds; below 30 the target loses a level.
-    EXPECT_EQ(Morale_After(31, 2), 1);          // 31 - 20 + 15 = 26
-    EXPECT_EQ(Morale_After(34, 2), 1);          // 29
-    EXPECT_EQ(Morale_After(35, 2), 2);          // 30
-    EXPECT_EQ(Morale_After(19, 4), 3);          // 19 - 20 + 30 = 29
-    EXPECT_EQ(Morale_After(21, 4), 4);          // 31
-    EXPECT_EQ(Morale_After(39, 1), 0);          // 39 - 20 + 10 = 29
-    EXPECT_EQ(Morale_After(56, 2, 4, 0), 1);    // 56 - 20 - 10 - 15 + 15 = 26
-    EXPECT_EQ(Morale_After(56, 2, 3, 1), 2);    // 56 - 20 - 5 - 10 + 15 = 36
-    EXPECT_EQ(Morale_After(5, 0), 0);           // broken already, and told all the same
+    EXPECT_EQ(Morale_After(31, 2), 1);         // 31 - 20 + 15 = 26
+    EXPECT_EQ(Morale_After(34, 2), 1);         // 29
+    EXPECT_EQ(Morale_After(35, 2), 2);         // 30
+    EXPECT_EQ(Morale_After(19, 4), 3);         // 19 - 20 + 30 = 29
+    EXPECT_EQ(Morale_After(21, 4), 4);         // 31
+    EXPECT_EQ(Morale_After(39, 1), 0);         // 39 - 20 + 10 = 29
+    EXPECT_EQ(Morale_After(56, 2, 4, 0), 1);   // 56 - 20 - 10 - 15 + 15 = 26
+    EXPECT_EQ(Morale_After(56, 2, 3, 1), 2);   // 56 - 20 - 5 - 10 + 15 = 36
+    EXPECT_EQ(Morale_After(5, 0), 0);          // broken already, and told all the same
     EXPECT_TRUE(Posted("R301 loses morale as a result of PSYOPS attack!"));
     EXPECT_EQ(Morale_After(100, 2), 2);
     EXPECT_FALSE(Posted("loses morale"));

@@ -37,7 +37,8 @@ int Seen_At(int pixels, int page = 2, int intelplay = 0)
 TEST(Picture, ASensorsContactShowsForTwoTurnsAndAnyOtherForOne)
 {
     Board board(10, 10);
-    const int by_sensor = board.Place(RED, 15, 15), by_fire = board.Place(RED, 25, 25), thrice = board.Place(RED, 35, 35);
+    const int by_sensor = board.Place(RED, 15, 15), by_fire = board.Place(RED, 25, 25),
+              thrice = board.Place(RED, 35, 35);
     UNIT[by_sensor].SPOTTED = 2;
     UNIT[by_sensor].VISIBLE = -1;
     UNIT[by_fire].SPOTTED = 1;
@@ -58,18 +59,18 @@ TEST(NAI, SeesEnemiesToFortyPixelsOnceItIsActive)
 {
     EXPECT_EQ(Seen_At(40), 1);
     EXPECT_EQ(Seen_At(41), 0);
-    EXPECT_EQ(Seen_At(30, 1), 0);          // placed this turn: not yet active
-    EXPECT_EQ(Seen_At(30, 2, 1), 0);    // intelligence play off
+    EXPECT_EQ(Seen_At(30, 1), 0);      // placed this turn: not yet active
+    EXPECT_EQ(Seen_At(30, 2, 1), 0);   // intelligence play off
     Board board(30, 10);
     GTURN = 1;
     const int u = board.Place(RED, 110, 50), own = board.Place(BLUE, 110, 60), loc = board.Place(RED, 110, 50, 50);
     Put_Area(7, 12, BLUE, 100, 50, 0);
     RSEED = 20;
     Intelligence_Update();
-    EXPECT_EQ(UNIT[u].SPOTTED, 1);         // on turn 1 every area is active
+    EXPECT_EQ(UNIT[u].SPOTTED, 1);   // on turn 1 every area is active
     EXPECT_EQ(UNIT[own].SPOTTED, 0);
     EXPECT_EQ(UNIT[loc].SPOTTED, 0);
-    EXPECT_EQ(RSEED, 21);                  // one roll, for the one unit inside
+    EXPECT_EQ(RSEED, 21);   // one roll, for the one unit inside
 }
 
 TEST(NAI, InSmokeAUnitIsSeenAtOnePixelOnly)
@@ -116,7 +117,8 @@ TEST(TAI, LinkedGunsFireAtASpottedUnitOfTheirClassAndOnlyOnce)
 {
     Board board(30, 10);
     GTURN = 5;
-    const int tanks = board.Place(RED, 100, 50), more = board.Place(RED, 110, 50), guns = board.Place(BLUE, 250, 50, 8);
+    const int tanks = board.Place(RED, 100, 50), more = board.Place(RED, 110, 50),
+              guns = board.Place(BLUE, 250, 50, 8);
     for (const int u : {tanks, more}) UNIT[u].SPOTTED = 2;
     UNIT[guns].MXRANGE = 30;
     UNIT[guns].FIREMISSION = 2;
@@ -146,8 +148,8 @@ TEST(NAI, APostureWithoutAChanceTakesThatOfTheUnitTestedBefore)
     UNIT[other].TACOPN = 11;
     RSEED = 8;   // to come: 60, 5, 5, 50, 51
     Intelligence_Update();
-    // The attacker has 0: 60 and 5 miss both areas. Deliberate defence has 5: 5 kills NAI 7, 50 misses 8. The last unit
-    // keeps the 5 and meets only NAI 8: 51 misses.
+    // The attacker has 0: 60 and 5 miss both areas. Deliberate defence has 5: 5 kills NAI 7, 50 misses 8. The last
+    // unit keeps the 5 and meets only NAI 8: 51 misses.
     EXPECT_EQ(P[7].PTYPE, 0);
     EXPECT_EQ(P[8].PTYPE, 12);
     EXPECT_EQ(RSEED, 13);
@@ -169,7 +171,7 @@ TEST(NAI, APostureWithoutAChanceTakesThatOfTheUnitTestedBefore)
     UNIT[attacker].TACOPN = 1;
     RSEED = 65;
     Intelligence_Update();
-    EXPECT_EQ(P[8].PTYPE, 0);    // hasty defence has 1
+    EXPECT_EQ(P[8].PTYPE, 0);   // hasty defence has 1
 }
 
 TEST(Picture, SeatsOfOneGameDifferInPicturesAndNowhereElse)
@@ -179,16 +181,17 @@ TEST(Picture, SeatsOfOneGameDifferInPicturesAndNowhereElse)
         bool BLUE_SHOWN, FOUND_RED_SHOWN, HIDDEN_RED_SHOWN;
     };
     constexpr SEAT_CASE CASES[] = {
-        {3, 0, true, true, true},      // both players at one screen
+        {3, 0, true, true, true},   // both players at one screen
         {1, 0, true, true, false},
         {2, 0, false, true, true},
-        {2, 1, true, true, false},     // Red's seat looks at Blue's picture
+        {2, 1, true, true, false},   // Red's seat looks at Blue's picture
     };
     std::uint64_t first = 0;
     for (const SEAT_CASE& c : CASES) {
         Board board(30, 10);
         GTURN = 5;
-        const int blue = board.Place(BLUE, 100, 50), red = board.Place(RED, 110, 50), hidden = board.Place(RED, 250, 50);
+        const int blue = board.Place(BLUE, 100, 50), red = board.Place(RED, 110, 50),
+                  hidden = board.Place(RED, 250, 50);
         UNIT[red].SPOTTED = 2;
         Put_Area(7, 12, BLUE, 100, 50, 2);
         UserSide = PlanSide = c.USER;

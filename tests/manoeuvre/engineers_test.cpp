@@ -1,5 +1,5 @@
-#include "manoeuvre/engineers.h"
 #include "core/invariants.h"
+#include "manoeuvre/engineers.h"
 #include "support/board.h"
 #include "support/dice.h"
 #include "terrain/grid.h"
@@ -89,7 +89,8 @@ TEST(Recon, AnAirCollectorSeesByItsOptics)
         BG[1].BGX = 175;   // centre at 180: 8 km
         BG[1].BGY = 40;
         Obstacle_Recon(u);
-        EXPECT_EQ(BG[1].BGVISIBLE, sensor == 1 ? 1 : 0);   // a radar does not see works, and 80 is far beyond its ground
+        EXPECT_EQ(BG[1].BGVISIBLE,
+                  sensor == 1 ? 1 : 0);   // a radar does not see works, and 80 is far beyond its ground
     }
 }
 
@@ -244,7 +245,7 @@ TEST(Works, ObstaclesAreLaidOnOpenCellsWhileARowIsFree)
     Lay_Obstacle(0, RED);
     Lay_Obstacle(99, RED);
     EXPECT_EQ(Rows_Used(), 1);
-    EXPECT_EQ(BOBST, 0);         // what an obstacle costs is booked with its order
+    EXPECT_EQ(BOBST, 0);   // what an obstacle costs is booked with its order
     for (int row = 2; row <= MAX_BG; ++row) BG[row].BGHEX = 99999;
     Lay_Obstacle(Hex_Of(1, 1), RED);
     EXPECT_EQ(Cell_Value(Hex_Of(1, 1)), 1);

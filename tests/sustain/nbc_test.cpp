@@ -56,16 +56,16 @@ TEST(NBC, AStrikeMakesOneRowForTheTurnsItLasts)
     EXPECT_EQ(NBC[1].NBCSIDE, RED);
     EXPECT_EQ(NBC[1].NBCVISIBLE, 1);
     EXPECT_EQ(NBC[1].NBCORDER, 1);
-    EXPECT_EQ(NBC[1].NBCSIZE, 20);           // two kilometres
-    EXPECT_EQ(NBC[1].NBCHEX, 10 * 40 + 21);  // column 11, row 21
+    EXPECT_EQ(NBC[1].NBCSIZE, 20);            // two kilometres
+    EXPECT_EQ(NBC[1].NBCHEX, 10 * 40 + 21);   // column 11, row 21
     EXPECT_EQ(NBC[2].NBCSTIME, 15);
     EXPECT_EQ(NBC[2].NBCSIDE, BLUE);
     Board small(10, 10, 9);
     TG[5].TGTYPE = 11;
     Add_Contamination(5, 5, 5);
-    EXPECT_EQ(NBC[1].NBCSIZE, 9);            // small cells: never wider
+    EXPECT_EQ(NBC[1].NBCSIZE, 9);   // small cells: never wider
     for (int row = 1; row <= MAX_NBC; ++row) NBC[row].NBCTYPE = 20;
-    Add_Contamination(5, 5, 5);              // no row: nothing, and nobody says so
+    Add_Contamination(5, 5, 5);   // no row: nothing, and nobody says so
     EXPECT_TRUE(Messages().empty());
 }
 
@@ -76,8 +76,8 @@ TEST(NBC, AgentsReachHalfTheirWidthAndHalfTheFootprint)
     f.Strike(11, 200, 200);   // 10 + 10 = 20: 19 is inside, 20 is not
     EXPECT_EQ(UNIT[inside].MOPP, 4);
     EXPECT_EQ(UNIT[outside].MOPP, 0);
-    EXPECT_EQ(UNIT[red].MOPP, 4);          // the wind knows no sides
-    EXPECT_FLOAT_EQ(BNBCL, 5.0f);          // 100 x 0.1 x footprint 0.5
+    EXPECT_EQ(UNIT[red].MOPP, 4);   // the wind knows no sides
+    EXPECT_FLOAT_EQ(BNBCL, 5.0f);   // 100 x 0.1 x footprint 0.5
     EXPECT_FLOAT_EQ(RNBCL, 5.0f);
     EXPECT_FLOAT_EQ(UNIT[inside].RCP2, 95.0f);
     EXPECT_TRUE(Posted("B1NBC Losses:  lost 5% destroyed"));
@@ -99,17 +99,17 @@ TEST(NBC, EachStateOfTheUnitHasItsFactor)
 {
     // 100 x 0.1 x footprint 0.5 = 5, times the factor of the state.
     const float morale[] = {6.5f, 6.0f, 5.0f, 4.5f, 4.0f};
-    for (int m = 0; m <= 4; ++m)
-        EXPECT_FLOAT_EQ(Loss(11, [m](UNIT_RECORD& u) { u.MORALE = m; }), morale[m]) << m;
+    for (int m = 0; m <= 4; ++m) EXPECT_FLOAT_EQ(Loss(11, [m](UNIT_RECORD& u) { u.MORALE = m; }), morale[m]) << m;
     struct CASE {
         int VALUE;
         float LOSS;
     };
-    for (const CASE c : {CASE{1, 4.5f}, CASE{2, 5.0f}, CASE{15, 5.0f}, CASE{16, 5.5f}, CASE{21, 5.5f}, CASE{22, 6.5f}})
+    for (const CASE c :
+         {CASE{1, 4.5f}, CASE{2, 5.0f}, CASE{15, 5.0f}, CASE{16, 5.5f}, CASE{21, 5.5f}, CASE{22, 6.5f}})
         EXPECT_FLOAT_EQ(Loss(11, [c](UNIT_RECORD& u) { u.FATIGUE = c.VALUE; }), c.LOSS) << c.VALUE;
     for (const CASE c : {CASE{0, 5.0f}, CASE{1, 4.5f}, CASE{2, 4.0f}, CASE{3, 6.0f}, CASE{4, 4.0f}, CASE{5, 6.0f},
-                         CASE{6, 4.0f}, CASE{7, 6.0f}, CASE{10, 5.0f}, CASE{11, 7.0f}, CASE{18, 7.0f}, CASE{21, 2.5f},
-                         CASE{27, 2.5f}, CASE{31, 5.0f}})
+                         CASE{6, 4.0f}, CASE{7, 6.0f}, CASE{10, 5.0f}, CASE{11, 7.0f}, CASE{18, 7.0f},
+                         CASE{21, 2.5f}, CASE{27, 2.5f}, CASE{31, 5.0f}})
         EXPECT_FLOAT_EQ(Loss(11, [c](UNIT_RECORD& u) { u.TERTYPE = c.VALUE; }), c.LOSS) << c.VALUE;
     struct WIDTH {
         float FOOTPRINT, LOSS;
@@ -168,14 +168,15 @@ TEST(NBC, ACloudDriftsDownWindAndWidensAtItsFourDrifts)
     NBC_Drift(1);
     EXPECT_EQ(NBC[1].NBCX, 175);
     EXPECT_EQ(NBC[1].NBCSIZE, 450);   // 150 x 6/2
-    GTURN = 5;   // past it
+    GTURN = 5;                        // past it
     NBC_Drift(1);
     EXPECT_EQ(NBC[1].NBCTYPE, 0);
 }
 
 TEST(NBC, TheWindIsNamedForWhereItComesFrom)
 {
-    const Point after[] = {{200, 215}, {185, 215}, {185, 200}, {185, 185}, {200, 185}, {215, 185}, {215, 200}, {215, 215}};
+    const Point after[] = {{200, 215}, {185, 215}, {185, 200}, {185, 185},
+                           {200, 185}, {215, 185}, {215, 200}, {215, 215}};
     for (int wind = -1; wind <= 8; ++wind) {
         Field f;
         WINDD = wind;
@@ -231,7 +232,7 @@ TEST(Smoke, AGeneratorLaysALineOfFourGrowingPatches)
     EXPECT_EQ(UNIT[u].MOPP, 0);   // smoke is no agent
 
     for (int row = 1; row <= MAX_NBC; ++row) NBC[row].NBCTYPE = row == 9 || row == 30 ? 0 : 21;
-    Lay_Smoke(u);                 // two rows left: the line ends after two
+    Lay_Smoke(u);   // two rows left: the line ends after two
     EXPECT_EQ(NBC[9].NBCSIZE, 20);
     EXPECT_EQ(NBC[30].NBCSIZE, 30);
 }

@@ -107,7 +107,8 @@ TEST(Fortify, AttachedEngineersDigForTheirUnitWhileTheyAreFree)
         int TYPE, STATUS, TIMEREGR;
         bool DIGS;
     };
-    for (const CASE& c : {CASE{14, 2, 0, true}, CASE{15, 2, 0, false}, CASE{14, 1, 0, false}, CASE{14, 2, 3, false}}) {
+    for (const CASE& c :
+         {CASE{14, 2, 0, true}, CASE{15, 2, 0, false}, CASE{14, 1, 0, false}, CASE{14, 2, 3, false}}) {
         Engineers e;
         const int tanks = e.BOARD.Place(BLUE, 25, 35);
         UNIT[e.ENGINEER].PARENT_UNIT = tanks;
@@ -192,8 +193,8 @@ TEST(Works, AClickPlacesAWorkAndBooksIt)
     EXPECT_EQ(BG[2].BGTYPE, 8);
     EXPECT_EQ(BG[3].BGTYPE, 9);
     EXPECT_TRUE(Broken_Invariants().empty());
-    EXPECT_TRUE(s.BOARD.SCREEN.Heard(
-        "status", "297 Data Points Bridges/Obstacles/Forts Are Still Available For Use! "));
+    EXPECT_TRUE(
+        s.BOARD.SCREEN.Heard("status", "297 Data Points Bridges/Obstacles/Forts Are Still Available For Use! "));
 }
 
 TEST(Works, AToolIsRefusedOnTheWrongGroundAndWhenNothingIsLeft)
@@ -216,11 +217,11 @@ TEST(Works, AToolIsRefusedOnTheWrongGroundAndWhenNothingIsLeft)
     EXPECT_EQ(Count_Used(BG, 1, MAX_BG), 0);
     GTURN = 1;
     s.BOARD.SCREEN.TOLD.clear();
-    EXPECT_FALSE(s.Put(238, 1, 1));            // the battle has begun
+    EXPECT_FALSE(s.Put(238, 1, 1));   // the battle has begun
     EXPECT_TRUE(s.BOARD.SCREEN.TOLD.empty());
     UserSide = 5;
     ActiveSide = 3;
-    EXPECT_TRUE(s.Put(238, 1, 1));             // the editor places for the map itself
+    EXPECT_TRUE(s.Put(238, 1, 1));   // the editor places for the map itself
     EXPECT_EQ(BG[1].BGSIDE, BOTH);
 }
 
