@@ -297,7 +297,8 @@ TEST(Commands, AFailureInACommandIsToldAndEndsThereOnly)
     ActiveSide = BLUE;
     DESK = Desk{};
     Get_Unit(u);
-    UNIT[u].C2T = 32767;   // one message more does not fit
-    EXPECT_FALSE(Run_Command(Cmd::MOPP_4));
+    UNIT[u].TACOPN = 3;
+    UNIT[u].FOOTPRINT = 1e6f;   // the ends of such a screen line fit no field
+    EXPECT_FALSE(Run_Command(Cmd::TURN_LEFT));
     EXPECT_TRUE(board.SCREEN.Heard("box", "Stonemarch|Error: 6"));
 }
