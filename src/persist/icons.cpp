@@ -8,38 +8,44 @@
 #include "persist/program_folder.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <filesystem>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace sm {
+namespace fs = std::filesystem;
 
 namespace {
 
-/// Most names are spelt as their files are and are asked for in the open folder, which spares the walk down to it;
-/// the lookup in any spelling is for the rest.
-bool Icon_There(ICON_SEARCH& search, std::string_view name)
+/// What was found in the icons folder in this process. It holds as long as nothing was put into the folder or
+/// taken out of it, which its time of change tells: one question a load instead of one for each icon.
+struct KNOWN_ICONS {
+    fs::path FOLDER;
+    fs::file_time_type CHANGED;
+    std::vector<std::string> THERE;   ///< in byte order
+};
+KNOWN_ICONS KNOWN;
+
+void Look_At_Folder()
+{
+    std::error_code fault;
+    fs::path folder = Home_Path("\\icons");
+    const fs::file_time_type changed = fs::last_write_time(folder, fault);
+    if (!fault && folder == KNOWN.FOLDER && changed == KNOWN.CHANGED) return;
+    KNOWN = {std::move(folder), changed, {}};
+}
+
+bool Icon_There(std::string_view name)
 {
     if (name.empty()) return false;
-    if (!search.OPENED) search.FOLDER = ::open(Home_Path("\\icons").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    search.OPENED = true;
-    const bool plain = name.find_first_of(std::string_view("\\/\0", 3)) == name.npos;
-    struct stat about {};
-    if (plain && search.FOLDER >= 0 && ::fstatat(search.FOLDER, To_Utf8(name).c_str(), &about, 0) == 0 &&
-        S_ISREG(about.st_mode))
-        return true;
+    const auto at = std::lower_bound(KNOWN.THERE.begin(), KNOWN.THERE.end(), name);
+    if (at != KNOWN.THERE.end() && *at == name) return true;
     std::error_code fault;
-    return std::filesystem::is_regular_file(Home_Path(Cat("\\icons\\", name)), fault);
+    if (!fs::is_regular_file(Home_Path(Cat("\\icons\\", name)), fault)) return false;
+    KNOWN.THERE.insert(at, std::string(name));
+    return true;
 }
 
 }   // namespace
-
-ICON_SEARCH::~ICON_SEARCH()
-{
-    if (FOLDER >= 0) ::close(FOLDER);
-}
 
 void Look_For_Icon(ICON_SEARCH& search, std::string_view name)
 {
@@ -48,7 +54,9 @@ void Look_For_Icon(ICON_SEARCH& search, std::string_view name)
     if (at != search.SEEN.end() && *at == name) return;
     search.SEEN.insert(at, std::string(name));
 
-    if (Icon_There(search, name)) return;
+    if (!search.FOLDER_LOOKED_AT) Look_At_Folder();
+    search.FOLDER_LOOKED_AT = true;
+    if (Icon_There(name)) return;
     Log(Cat(Failure_Text(ERROR_NO_FILE), ", missing icon: \\icons\\", name));
     if (!search.BOXED) Screen().Box(FAILURE_TITLE, Failure_Text(ERROR_NO_FILE));
     search.BOXED = true;

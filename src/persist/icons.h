@@ -10,15 +10,9 @@ namespace sm {
 /// One load's look at the icons folder. Each missing icon gets one line in the log, the first of a load also a
 /// box; reading goes on.
 struct ICON_SEARCH {
-    int FOLDER = -1;       ///< the icons folder, open
-    bool OPENED = false;   ///< whether that was tried
-    bool BOXED = false;
     std::vector<std::string> SEEN;   ///< names already looked for, in byte order
-
-    ICON_SEARCH() = default;
-    ~ICON_SEARCH();
-    ICON_SEARCH(const ICON_SEARCH&) = delete;
-    ICON_SEARCH& operator=(const ICON_SEARCH&) = delete;
+    bool FOLDER_LOOKED_AT = false;
+    bool BOXED = false;
 };
 void Look_For_Icon(ICON_SEARCH& search, std::string_view name);
 

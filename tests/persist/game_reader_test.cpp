@@ -232,6 +232,28 @@ TEST_F(Game_Reader, TellsEachMissingIconOnceInTheLogAndOneBoxALoad)
     EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 53"), 1);
 }
 
+TEST_F(Game_Reader, AnIconThatCameOrWentBetweenTwoLoadsIsSeen)
+{
+    Put_File(home / "icons/a.ico", "picture");
+    const auto missing = [&] {
+        const Log_Lines log;
+        EXPECT_EQ(Read({"IMAGE: a.ico", "STATUS: 2", "IMAGE: b.ico", "STATUS: 2"}), 0);
+        return log.Count("missing icon: \\icons\\a.ico") + 2 * log.Count("missing icon: \\icons\\b.ico");
+    };
+    EXPECT_EQ(missing(), 2);
+    EXPECT_EQ(missing(), 2);
+    Put_File(home / "icons/b.ico", "picture");
+    EXPECT_EQ(missing(), 0);
+    // The folder's time stands still within a tick of the system's clock.
+    const auto before = std::filesystem::last_write_time(home / "icons");
+    while (std::filesystem::last_write_time(home / "icons") == before) {
+        std::filesystem::remove(home / "icons/a.ico");
+        Put_File(home / "icons/c.ico", "picture");
+        std::filesystem::remove(home / "icons/c.ico");
+    }
+    EXPECT_EQ(missing(), 1);
+}
+
 TEST_F(Game_Reader, AFileThatBreaksOffDoesNotBecomeABattleOfHalfItsUnits)
 {
     const std::string whole = Game_Text();
