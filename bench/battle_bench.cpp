@@ -12,10 +12,12 @@
 #include "core/turn_driver.h"
 #include "fires_games.h"
 #include "full_game.h"
+#include "opponent_games.h"
 #include "persist/game_file.h"
 #include "persist/program_folder.h"
 #include "persist/safe_file.h"
 #include "ratios.h"
+#include "sustain/logistics.h"
 #include "support/scratch.h"
 #include <chrono>
 #include <cmath>
@@ -43,6 +45,12 @@ constexpr AIM AIMS[] = {
     { "flights_60",   "pairs_400",   0.15 },
     { "combat_600",   "combat_loops", 3   },
     { "sight_2000",   "sight_samples", 3  },
+    { "computer_turn", "pairs_400",  0.30 },
+    { "worst_turn",   "median_turn", 2    },
+    { "battle_15",    "pairs_400",   0    },
+    { "routes_300",   "route_samples", 0  },
+    { "logistics_100", "supply_distances", 0 },
+    { "logistics_100", "pairs_25",   0    },
     { "load",         "read_bytes",  10   },
     { "save",         "read_bytes",  10   },
     { "save_to_disk", "read_bytes",  0    },
@@ -60,6 +68,8 @@ struct GAMES {
     std::unique_ptr<Game> FLIGHTS = std::make_unique<Game>();
     std::unique_ptr<Game> CONTACT = std::make_unique<Game>();
     std::unique_ptr<Game> SIGHT = std::make_unique<Game>();
+    std::unique_ptr<Game> COMPUTER = std::make_unique<Game>();
+    std::unique_ptr<Game> CONVOYS = std::make_unique<Game>();
     fs::path SCENARIO;
     fs::path SAVED;   // a game file of the stock scenario, and where `save_to_disk` writes
 };
@@ -217,6 +227,11 @@ bool Make_Games(GAMES& games, const fs::path& home)
     Make_Full_Game(300);
     for (int hex = 1; hex <= HEXCOUNT; ++hex) HEXMAP[hex].THIGH = hex % 400 == 0 ? 1 : 0;
     *games.SIGHT = GAME;
+    Make_Computer_Game();
+    PlayType = 3;
+    *games.COMPUTER = GAME;
+    Make_Convoy_Game();
+    *games.CONVOYS = GAME;
     return true;
 }
 
@@ -270,6 +285,27 @@ void Register(const GAMES& games)
     phase("combat_loops", games.CONTACT.get(), [] { Literal_Combat(work); });
     phase("sight_2000", games.SIGHT.get(), [] { Walk_Sight_Lines(); });
     phase("sight_samples", games.SIGHT.get(), [] { Walk_Samples(); });
+
+    turn("computer_turn", games.COMPUTER.get());
+    phase("routes_300", games.COMPUTER.get(), Plan_300_Routes);
+    phase("route_samples", games.COMPUTER.get(), Walk_Route_Samples);
+    phase("logistics_100", games.CONVOYS.get(), Logistics_Phase);
+    phase("supply_distances", games.CONVOYS.get(), Walk_Supply_Distances);
+    const auto battle = [&games](const char* name, double BATTLE_TIMES::* time) {
+        benchmark::RegisterBenchmark(name,
+                                     [&games, time](benchmark::State& state) {
+                                         for (auto _ : state) {
+                                             GAME = *games.COMPUTER;
+                                             state.SetIterationTime(Play_Computer_Battle().*time);
+                                         }
+                                     })
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime()
+            ->Iterations(3);
+    };
+    battle("battle_15", &BATTLE_TIMES::WHOLE);
+    battle("median_turn", &BATTLE_TIMES::MEDIAN);
+    battle("worst_turn", &BATTLE_TIMES::WORST);
 
     const Game* const stock = games.STOCK.get();
     const Game* const full = games.FULL.get();

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 namespace sm {
 
@@ -58,16 +59,53 @@ struct COSTS {
     }
 };
 
+/// Cells by pixel, worked out once for a map: a plan asks for tens of thousands of them.
+struct GRID {
+    int WIDTH = 0, HEIGHT = 0, EDGE = 0;
+    float ROWS = 0;
+    bool WHOLE = true;               ///< a grid of a broken number of rows is not a sum of the two below
+    std::vector<int> COLUMN_START;   ///< by x: number of the cell above the column's first
+    std::vector<int> ROW;            ///< by y
+
+    static const GRID& Of_Map()
+    {
+        static GRID grid;
+        const int width = Picture_Width(), height = Picture_Height();
+        if (grid.WIDTH == width && grid.HEIGHT == height && grid.EDGE == HEXWIDTH && grid.ROWS == NUMROWS) return grid;
+        grid = {width, height, HEXWIDTH, NUMROWS, std::floor(NUMROWS) == NUMROWS, {}, {}};
+        for (int x = 0; x < width; ++x) grid.COLUMN_START.push_back(Hex_Of(Hex_Column(x), 0));
+        for (int y = 0; y < height; ++y) grid.ROW.push_back(Hex_Row(y));
+        return grid;
+    }
+    /// Hex_Number of the point.
+    int Cell(int x, int y) const
+    {
+        if (x < 0 || y < 0 || x >= WIDTH || y >= HEIGHT) return 0;
+        if (!WHOLE) return Hex_Number(x, y);
+        return COLUMN_START[static_cast<std::size_t>(x)] + ROW[static_cast<std::size_t>(y)];
+    }
+};
+
+/// Half to even for the size of a coordinate: the sum leaves no room for a fraction and rounds it by the one rule of
+/// 32-bit reals. The same as Round_Even, without its tests.
+int Round_Coordinate(float value)
+{
+    constexpr float NO_ROOM_FOR_A_FRACTION = 12582912.0f;   // 1.5 x 2^23
+    return static_cast<int>((value + NO_ROOM_FOR_A_FRACTION) - NO_ROOM_FOR_A_FRACTION);
+}
+
 int Cost_Of_Line(const COSTS& costs, int from_x, int from_y, int to_x, int to_y, bool stop_at_bridge, int limit)
 {
+    const GRID& grid = GRID::Of_Map();
     const int columns = std::abs(Hex_Column(to_x) - Hex_Column(from_x));
     const int rows = std::abs(Hex_Row(to_y) - Hex_Row(from_y));
     const int steps = std::max({columns, rows, 1});
+    const float across = static_cast<float>(to_x - from_x), down = static_cast<float>(to_y - from_y);
     int total = 0, carried = 0;
     for (int i = 1; i <= steps && total < limit; ++i) {
         const float share = static_cast<float>(i) / static_cast<float>(steps);
-        const float dx = share * static_cast<float>(to_x - from_x), dy = share * static_cast<float>(to_y - from_y);
-        const int hex = Hex_Number(Round_Even(static_cast<float>(from_x) + dx), Round_Even(static_cast<float>(from_y) + dy));
+        const int hex = grid.Cell(Round_Coordinate(static_cast<float>(from_x) + share * across),
+                                  Round_Coordinate(static_cast<float>(from_y) + share * down));
         if (hex == 0) {
             total += OUTSIDE_COST;
             continue;
