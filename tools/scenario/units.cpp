@@ -189,6 +189,23 @@ void Give_Cargo(const Builder& b, UNIT_RECORD& u, int row, const STATEMENT& s)
     u.LZ = Node_Row(row, Number(s, 3, 1, 300), s);
 }
 
+/// Where a staff of the computer sends the unit, first and next. Given after the route, which forgets destinations.
+void Give_Goal(const Builder& b, UNIT_RECORD& u, int, const STATEMENT& s)
+{
+    const CELL first = b.Place(s, 1), next = s.WORDS.size() > 2 ? b.Place(s, 2) : CELL{};
+    u.OX1 = Middle(first.COLUMN);
+    u.OY1 = Middle(first.ROW);
+    u.OX2 = s.WORDS.size() > 2 ? Middle(next.COLUMN) : 0;
+    u.OY2 = s.WORDS.size() > 2 ? Middle(next.ROW) : 0;
+}
+
+/// The unit's weapon systems go to another that has come near.
+void Give_Replacement(const Builder& b, UNIT_RECORD& u, int row, const STATEMENT& s)
+{
+    u.WSRO = b.Unit(u.SIDE, s.WORDS[1], s.LINE);
+    if (u.WSRO == row || u.SIZE > 2) throw Bad_Script(s.LINE, u.NAME.Str() + " cannot be merged into " + s.WORDS[1]);
+}
+
 void Give_Field(const Builder&, UNIT_RECORD& u, int, const STATEMENT& s)
 {
     for (const FIELD& f : Fields<UNIT_RECORD>()) {
@@ -225,15 +242,20 @@ constexpr ORDER ORDERS[] = {
     {"maxloss",  STATE,  2,  2, SM_ORDER { SM_UNUSED; u.RETREATP = Choice(s, 1, {"15%", "1%", "3%", "5%", "10%", "20%", "25%", "30%"}); }},
     {"cop",      STATE,  1,  1, SM_ORDER { SM_UNUSED; (u.SIDE == BLUE ? u.RCOP : u.BCOP) = 1; }},
     {"cfz",      STATE,  1,  1, SM_ORDER { SM_UNUSED; u.CFZ = 1; (u.SIDE == BLUE ? BCFZ : RCFZ) += 1; }},
+    {"fortify",  STATE,  1,  1, SM_ORDER { SM_UNUSED; u.TIMEREGR = 6; (u.SIDE == BLUE ? BFORTS : RFORTS) += 1; }},
     {"arrives",  STATE,  3,  3, Give_Arrival},
     {"hq",       LINKS,  2,  2, Give_Headquarters},
     {"log",      LINKS,  2,  2, Give_Supplier},
     {"nai",      LINKS,  2,  2, Give_Ambush},
+    {"merge",    LINKS,  2,  2, Give_Replacement},
     {"attach",   ATTACH, 2,  2, Give_Parent},
     {"ford",     ROUTE,  1,  1, SM_ORDER { SM_UNUSED; }},                // read by the route
     {"retreat",  ROUTE,  1,  1, SM_ORDER { SM_UNUSED; }},
     {"route",    ROUTE,  2, 40, Give_Route},
     {"carry",    CARGO,  4,  4, Give_Cargo},
+    {"action",   CARGO,  2,  2, SM_ORDER { SM_UNUSED; u.AIACTION = Choice(s, 1, {"none", "retreat", "security", "defend",
+                                                                                 "reserve", "attack"}); }},
+    {"goal",     CARGO,  2,  3, Give_Goal},
     {"field",    CARGO,  3,  3, Give_Field},
 };
 // clang-format on
