@@ -21,7 +21,7 @@ struct Seat {
     int BlueDone = 0;       ///< 1 exactly while this seat holds Blue in a network game
     int RedDone = 0;        ///< 1 exactly while this seat holds Red in a network game
     float MessageDelay = 2000.0f;   ///< milliseconds that a shown message stays
-    int RangeRings = 0;     ///< range rings drawn
+    int RangeRings = 1;     ///< range rings of the selected unit drawn
     int ProgressValue = 0, ProgressMax = 1600;
     bool PlanningEnabled = false;   ///< network games: the host lets this seat plan
     bool WritesFiles = true;        ///< each turn leaves its autosave and its tape

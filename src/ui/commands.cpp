@@ -49,6 +49,11 @@ void Switch_Sitreps()
     DESK.SITREPS = !DESK.SITREPS;
     The_Window().Desk_Changed();
 }
+void Switch_Overview()
+{
+    DESK.OVERVIEW = !DESK.OVERVIEW;
+    The_Window().Desk_Changed();
+}
 void Switch_Rings()
 {
     SEAT.RangeRings = SEAT.RangeRings == 0 ? 1 : 0;
@@ -56,9 +61,10 @@ void Switch_Rings()
 }
 void Show_About()
 {
-    Screen().Box("About Stonemarch", Cat("Stonemarch ", Build_Version(),
-                                         "\rA turn-based simulation of land warfare for staff training."
-                                         "\rFree software under the GNU General Public License, version 3 or later."));
+    Screen().Box("About Stonemarch",
+                 Cat("Stonemarch ", Build_Version(),
+                     "\rA turn-based simulation of land warfare for staff training."
+                     "\rFree software under the GNU General Public License, version 3 or later."));
 }
 
 // clang-format off
@@ -82,6 +88,10 @@ constexpr COMMAND TABLE[] = {
     {Cmd::MAGIC_MOVE, true, "Magic Move", "The next right click places the selected unit", UNIT_ORDER, Place_By_Magic, [] { return MapMode == MODE_PLACE_UNIT; }, nullptr},
     {Cmd::TURN_LEFT, true, "Turn Left", "Turns the selected unit by 45 degrees", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_TURN_LEFT); }, nullptr, nullptr},
     {Cmd::TURN_RIGHT, true, "Turn Right", "Turns the selected unit by 45 degrees", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_TURN_RIGHT); }, nullptr, nullptr},
+    {Cmd::ORBIT, true, "Orbit", "The next node clicked is where the aircraft stays", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_ORBIT); }, [] { return MapMode == MODE_ORBIT; }, nullptr},
+    {Cmd::PICK_UP_ZONE, true, "Pick-up Zone", "The next node clicked is where a unit boards", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_PICK_UP_ZONE); }, [] { return MapMode == MODE_PICK_UP_ZONE; }, nullptr},
+    {Cmd::LANDING_ZONE, true, "Landing Zone", "The next node clicked is where the unit aboard is set down", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_LANDING_ZONE); }, [] { return MapMode == MODE_LANDING_ZONE; }, nullptr},
+    {Cmd::ARRIVAL, true, "Arrival", "The next right click marks where the unit comes onto the map", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_ARRIVAL); }, [] { return MapMode == MODE_ARRIVAL; }, nullptr},
     {Cmd::UNIT_REPORT, true, "Unit Status Report", "All that is known of the selected unit", UNIT_ORDER, cmdUnitReport_Click, nullptr, nullptr},
     {Cmd::MOPP_4, true, "Go to MOPP 4", "Full protection: safe in contamination, slower and more tired", UNIT_ORDER, [] { Go_To_MOPP(4); }, nullptr, nullptr},
     {Cmd::MOPP_2, true, "Go to MOPP 2", "Light protection", UNIT_ORDER, [] { Go_To_MOPP(2); }, nullptr, nullptr},
@@ -90,6 +100,7 @@ constexpr COMMAND TABLE[] = {
     // what is seen
     {Cmd::STATUS_BOX, true, "Hide Unit Status Box", "The state of the selected unit", ANY_TIME, Switch_Status_Box, nullptr, Status_Box_Caption},
     {Cmd::SITREPS, true, "SITREPs", "The list of situation reports", ANY_TIME, Switch_Sitreps, [] { return DESK.SITREPS; }, nullptr},
+    {Cmd::OVERVIEW, true, "Overview Map", "The small map in the corner", ANY_TIME, Switch_Overview, [] { return DESK.OVERVIEW; }, nullptr},
     {Cmd::OVERLAY_1, true, "Display COO", "Colours the terrain cells", GAME_ON, [] { cmdSeeT_Click(1); }, [] { return DESK.OVERLAY == 1; }, nullptr},
     {Cmd::OVERLAY_2, true, "Show COO Type 2", "Hatches what hinders movement", GAME_ON, [] { cmdSeeT_Click(2); }, [] { return DESK.OVERLAY == 2; }, nullptr},
     {Cmd::OVERLAY_OFF, true, "Hide COO", "Takes the terrain overlay off", GAME_ON, [] { cmdSeeT_Click(0); }, nullptr, nullptr},
@@ -116,7 +127,7 @@ constexpr COMMAND TABLE[] = {
     {Cmd::ELINT_DETAILED, true, "Detailed Model", "", NO_TURN, [] { mnuELINT_Click(1); }, [] { return ELINTDetail == 1; }, nullptr},
     {Cmd::SOUND, true, "Sound Off", "", ANY_TIME, cmdSound_Click, nullptr, Sound_Caption},
     // help
-    {Cmd::HELP_TURN, true, "Game Setup Instructions", "How to play a turn", ANY_TIME, [] { The_Window().Show_Help("turn.txt", "Game Setup Instructions"); }, nullptr, nullptr},
+    {Cmd::HELP_TURN, true, "Game Setup Instructions", "How to play a turn", ANY_TIME, [] { The_Window().Show_Help("SM Help.hlp", "Game Setup Instructions"); }, nullptr, nullptr},
     {Cmd::HELP_KEYS, true, "Keyboard Commands", "", ANY_TIME, [] { The_Window().Show_Keys(); }, nullptr, nullptr},
     {Cmd::ABOUT, true, "About", "", ANY_TIME, Show_About, nullptr, nullptr},
     {Cmd::STEP_BACK, true, "Step Back", "", ANY_TIME, Step_Back, nullptr, nullptr},
@@ -131,12 +142,14 @@ constexpr MENU_ROW MENUS[] = {
 
     {"Orders", "", Cmd::PLOT}, {"Orders", "", Cmd::CANCEL_MOVE}, {"Orders", "", Cmd::MAGIC_MOVE},
     {"Orders", "", Cmd::TURN_LEFT}, {"Orders", "", Cmd::TURN_RIGHT}, {"Orders", "", Cmd::NONE},
+    {"Orders", "", Cmd::ORBIT}, {"Orders", "", Cmd::PICK_UP_ZONE}, {"Orders", "", Cmd::LANDING_ZONE},
+    {"Orders", "", Cmd::ARRIVAL}, {"Orders", "", Cmd::NONE},
     {"Orders", "", Cmd::UNIT_REPORT}, {"Orders", "", Cmd::MOPP_4}, {"Orders", "", Cmd::MOPP_2},
     {"Orders", "", Cmd::NONE}, {"Orders", "", Cmd::NEXT_UNIT}, {"Orders", "", Cmd::LAST_UNIT},
 
     {"View", "", Cmd::VIEW_BLUE}, {"View", "", Cmd::VIEW_RED}, {"View", "", Cmd::VIEW_ALL}, {"View", "", Cmd::VIEW_DEFAULT},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::OVERLAY_1}, {"View", "", Cmd::OVERLAY_2}, {"View", "", Cmd::OVERLAY_OFF},
-    {"View", "", Cmd::NONE}, {"View", "", Cmd::RANGE_RINGS}, {"View", "", Cmd::STATUS_BOX}, {"View", "", Cmd::SITREPS},
+    {"View", "", Cmd::NONE}, {"View", "", Cmd::RANGE_RINGS}, {"View", "", Cmd::STATUS_BOX}, {"View", "", Cmd::SITREPS}, {"View", "", Cmd::OVERVIEW},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::WHOLE_MAP}, {"View", "", Cmd::CENTRING_ON}, {"View", "", Cmd::CENTRING_OFF},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::GAME_DATA},
 
@@ -156,6 +169,11 @@ constexpr PALETTE_ROW PALETTES[] = {
     {Palette::ORDERS, "Movement", Cmd::MAGIC_MOVE},
     {Palette::ORDERS, "Unit", Cmd::UNIT_REPORT}, {Palette::ORDERS, "Unit", Cmd::MOPP_4}, {Palette::ORDERS, "Unit", Cmd::MOPP_2},
     {Palette::ORDERS, "Unit", Cmd::LAST_UNIT}, {Palette::ORDERS, "Unit", Cmd::NEXT_UNIT},
+};
+
+constexpr Cmd PLOT_LIST[] = {
+    Cmd::PLOT, Cmd::CANCEL_MOVE, Cmd::NONE, Cmd::TURN_LEFT, Cmd::TURN_RIGHT, Cmd::MAGIC_MOVE, Cmd::NONE, Cmd::ORBIT,
+    Cmd::PICK_UP_ZONE, Cmd::LANDING_ZONE, Cmd::ARRIVAL, Cmd::NONE, Cmd::UNIT_REPORT,
 };
 
 constexpr KEY_ROW KEYS[] = {
@@ -181,6 +199,7 @@ constexpr KEY_ROW KEYS[] = {
     {"CTRL + Return", "Advance game turn", Cmd::GO},
     {"Home", "Whole map", Cmd::WHOLE_MAP},
     {"R", "Range rings", Cmd::RANGE_RINGS},
+    {"O", "Overview map", Cmd::OVERVIEW},
     {"F1", "Help", Cmd::HELP_TURN},
 };
 // clang-format on
@@ -202,27 +221,55 @@ bool Own_Unit_Selected()
     return UNIT[SelUnit].SIDE == ActiveSide || (ActiveSide == BOTH && UserSide == 5);
 }
 
+/// Whether the selected unit is an aircraft of one of these roles, with a route to choose a node of.
+bool Flies(int role, int or_role, int or_third)
+{
+    const UNIT_RECORD& u = UNIT[SelUnit];
+    return u.MOBILITY == 3 && u.NUMBER_OF_NODES > 0 && (u.TYPE == role || u.TYPE == or_role || u.TYPE == or_third);
+}
+
 /// What a command needs beyond its flags.
 bool Fits(Cmd id)
 {
     switch (id) {
-    case Cmd::SIDE_BLUE: return May_Take_Side(BLUE);
-    case Cmd::SIDE_RED: return May_Take_Side(RED);
-    case Cmd::HAND_OVER: return GameType == 0;
-    case Cmd::OPEN_GAME: case Cmd::NEW_GAME: case Cmd::OPEN_SAVED: return DESK.PALETTE != Palette::TYPES;
-    case Cmd::RETURN: return DESK.PALETTE == Palette::MAIN;
-    case Cmd::CANCEL_MOVE: return UNIT[SelUnit].NUMBER_OF_NODES > 0;
-    case Cmd::OVERLAY_OFF: return DESK.OVERLAY != 0;
-    default: return true;
+    case Cmd::SIDE_BLUE:
+        return May_Take_Side(BLUE);
+    case Cmd::SIDE_RED:
+        return May_Take_Side(RED);
+    case Cmd::HAND_OVER:
+        return GameType == 0;
+    case Cmd::OPEN_GAME:
+    case Cmd::NEW_GAME:
+    case Cmd::OPEN_SAVED:
+        return DESK.PALETTE != Palette::TYPES;
+    case Cmd::RETURN:
+        return DESK.PALETTE == Palette::MAIN;
+    case Cmd::CANCEL_MOVE:
+        return UNIT[SelUnit].NUMBER_OF_NODES > 0;
+    case Cmd::ORBIT:
+        return Flies(11, 17, 26);
+    case Cmd::PICK_UP_ZONE:
+    case Cmd::LANDING_ZONE:
+        return Flies(12, 12, 12);
+    case Cmd::ARRIVAL:
+        return UNIT[SelUnit].ATIME > GTURN;
+    case Cmd::OVERLAY_OFF:
+        return DESK.OVERLAY != 0;
+    default:
+        return true;
     }
 }
 
 /// With the screen covered nobody commands but to leave, and to step back from the cover.
-bool Under_Cover(Cmd id) { return DESK.CoveredFor != 0 && id != Cmd::EXIT && id != Cmd::STEP_BACK && id != Cmd::ABOUT; }
+bool Under_Cover(Cmd id)
+{
+    return DESK.CoveredFor != 0 && id != Cmd::EXIT && id != Cmd::STEP_BACK && id != Cmd::ABOUT;
+}
 
 }   // namespace
 
 std::span<const COMMAND> Commands() { return TABLE; }
+std::span<const Cmd> Plot_List() { return PLOT_LIST; }
 std::span<const MENU_ROW> Menu_Rows() { return MENUS; }
 std::span<const PALETTE_ROW> Palette_Rows() { return PALETTES; }
 std::span<const KEY_ROW> Key_Rows() { return KEYS; }

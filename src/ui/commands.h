@@ -1,6 +1,7 @@
 #pragma once
-// Every command of the window as a row of one table. Menus, palettes and keys name commands; the window draws them and
-// calls Run_Command, which is the one gate: what is not built, not allowed now, or refused while a turn runs does nothing.
+// Every command of the window as a row of one table. Menus, palettes and keys name commands; the window draws them
+// and calls Run_Command, which is the one gate: what is not built, not allowed now, or refused while a turn runs
+// does nothing.
 
 #include "ui/desk.h"
 
@@ -14,16 +15,65 @@ namespace sm {
 enum class Cmd {
     NONE,
     // session
-    OPEN_GAME, NEW_GAME, OPEN_SAVED, SAVE, EXIT, RETURN, END_MENU, HAND_OVER, GO, SIDE_BLUE, SIDE_RED,
+    OPEN_GAME,
+    NEW_GAME,
+    OPEN_SAVED,
+    SAVE,
+    EXIT,
+    RETURN,
+    END_MENU,
+    HAND_OVER,
+    GO,
+    SIDE_BLUE,
+    SIDE_RED,
     // orders
-    PLOT, CANCEL_MOVE, MAGIC_MOVE, TURN_LEFT, TURN_RIGHT, UNIT_REPORT, MOPP_4, MOPP_2, NEXT_UNIT, LAST_UNIT,
+    PLOT,
+    CANCEL_MOVE,
+    MAGIC_MOVE,
+    TURN_LEFT,
+    TURN_RIGHT,
+    ORBIT,
+    PICK_UP_ZONE,
+    LANDING_ZONE,
+    ARRIVAL,
+    UNIT_REPORT,
+    MOPP_4,
+    MOPP_2,
+    NEXT_UNIT,
+    LAST_UNIT,
     // what is seen
-    STATUS_BOX, SITREPS, OVERLAY_1, OVERLAY_2, OVERLAY_OFF, CENTRING_ON, CENTRING_OFF, GAME_DATA,
-    VIEW_BLUE, VIEW_RED, VIEW_ALL, VIEW_DEFAULT, RANGE_RINGS, MAP_LEFT, MAP_RIGHT, MAP_UP, MAP_DOWN, WHOLE_MAP,
+    STATUS_BOX,
+    SITREPS,
+    OVERVIEW,
+    OVERLAY_1,
+    OVERLAY_2,
+    OVERLAY_OFF,
+    CENTRING_ON,
+    CENTRING_OFF,
+    GAME_DATA,
+    VIEW_BLUE,
+    VIEW_RED,
+    VIEW_ALL,
+    VIEW_DEFAULT,
+    RANGE_RINGS,
+    MAP_LEFT,
+    MAP_RIGHT,
+    MAP_UP,
+    MAP_DOWN,
+    WHOLE_MAP,
     // options
-    TURN_15, TURN_ONE_HOUR, TURN_TWO_HOURS, SPEED_NORMAL, SPEED_FAST, ELINT_SIMPLE, ELINT_DETAILED, SOUND,
+    TURN_15,
+    TURN_ONE_HOUR,
+    TURN_TWO_HOURS,
+    SPEED_NORMAL,
+    SPEED_FAST,
+    ELINT_SIMPLE,
+    ELINT_DETAILED,
+    SOUND,
     // help
-    HELP_TURN, HELP_KEYS, ABOUT,
+    HELP_TURN,
+    HELP_KEYS,
+    ABOUT,
     STEP_BACK,
 };
 
@@ -38,14 +88,18 @@ inline constexpr int OWN_UNIT = 8;   ///< a unit of that side is selected
 
 struct COMMAND {
     Cmd ID;
-    bool BUILT;                      ///< false: on no menu, palette or key yet
+    bool BUILT;   ///< false: on no menu, palette or key yet
     const char* CAPTION;
-    const char* HINT;                ///< one line for tool tip and status line
+    const char* HINT;   ///< one line for tool tip and status line
     int NEEDS;
     void (*RUN)();
-    bool (*TICKED)();                ///< of a command that switches something; nullptr for others
-    std::string (*CAPTION_NOW)();    ///< of a caption that swaps; nullptr for others
+    bool (*TICKED)();               ///< of a command that switches something; nullptr for others
+    std::string (*CAPTION_NOW)();   ///< of a caption that swaps; nullptr for others
 };
+
+/// The list of orders that the plot button, or a right click with nothing pending, opens for the selected unit.
+/// NONE: a separator.
+std::span<const Cmd> Plot_List();
 
 /// The row of a command.
 const COMMAND& Command(Cmd id);
@@ -75,7 +129,7 @@ std::span<const PALETTE_ROW> Palette_Rows();
 
 /// A row of the keyboard list.
 struct KEY_ROW {
-    const char* KEY;       ///< "CTRL + M"
+    const char* KEY;   ///< "CTRL + M"
     const char* MEANING;
     Cmd ID;
 };

@@ -49,7 +49,8 @@ void Note_Saved() { DESK.SavedState = State_Of_A_Save(); }
 bool Give_Up_Game()
 {
     if (!Unsaved_Changes()) return true;
-    if (!Screen().Ask(TITLE, "The game has changed since it was last saved.\rDo you want to save it now?")) return true;
+    if (!Screen().Ask(TITLE, "The game has changed since it was last saved.\rDo you want to save it now?"))
+        return true;
     return cmdSavegame_Click();
 }
 
@@ -116,7 +117,8 @@ File_Request Open_Request(bool new_game)
         return {"Open Scenario", "Scenarios",
                 "Scenario Files (*.sce)|*.sce|Saved Game Files (*.btl)|*.btl|PBEM Files (*.pbm)|*.pbm", false};
     if (new_game)
-        return {"Open New Game", "Scenarios", "Scenario Files (*.sce)|*.sce|Saved Game Files (*.btl)|*.btl", false};
+        return {"Open New Game", "Scenarios", "Scenario Files (*.sce)|*.sce|Saved Game Files (*.btl)|*.btl",
+                false};
     if (GameType == 1 || GameType == 2)
         return {"Open PBEM File", "Saved Games", "PBEM Files (*.pbm)|*.pbm|", false};
     return {"Open Saved Game", "Saved Games", "Saved Game Files (*.btl)|*.btl", false};
@@ -125,7 +127,8 @@ File_Request Open_Request(bool new_game)
 File_Request Save_Request()
 {
     if (GameType == 5) return {"Save Scenario", "Scenarios", "Scenario Files (*.sce)|*.sce", true};
-    if (GameType == 1 || GameType == 2) return {"Save PBEM File", "Saved Games", "PBEM Files (*.pbm)|*.pbm|", true};
+    if (GameType == 1 || GameType == 2)
+        return {"Save PBEM File", "Saved Games", "PBEM Files (*.pbm)|*.pbm|", true};
     return {"Save Game", "Saved Games", "Saved Game Files (*.btl)|*.btl", true};
 }
 
@@ -133,8 +136,9 @@ void cmdOpenGame_Click()
 {
     bool new_game = false;
     if (TurnsPlayed == 0)
-        new_game = Screen().Ask(TITLE, "Do you want to start a new game? \rAnswer NO if you want to load a previously "
-                                       "saved game.");
+        new_game =
+            Screen().Ask(TITLE, "Do you want to start a new game? \rAnswer NO if you want to load a previously "
+                                "saved game.");
     Open_By_Dialog(new_game);
 }
 
@@ -155,7 +159,7 @@ bool Open_Game_File(const std::string& file)
     if (ActiveSide == BLUE || ActiveSide == RED) Open_Orders(ActiveSide);
     Note_Saved();
     Redraw_All();
-    The_Window().Show_Whole_Map();
+    The_Window().Show_Forces();
     return true;
 }
 
@@ -279,8 +283,9 @@ bool May_Leave()
     if (DESK.CLOSED) return true;
     if (SEAT.TurnRunning) {
         if (!DESK.LEAVING)
-            DESK.LEAVING = Screen().Ask(TITLE, "Are you sure that you want to quit?\rThe turn that is being played will be "
-                                               "lost. The game at its start is kept in autosave.btl.");
+            DESK.LEAVING =
+                Screen().Ask(TITLE, "Are you sure that you want to quit?\rThe turn that is being played will be "
+                                    "lost. The game at its start is kept in autosave.btl.");
         return false;
     }
     return Screen().Ask(TITLE, "Are you sure that you want to quit?") && Give_Up_Game();
@@ -293,8 +298,9 @@ void Offer_Autosave(int game_type)
     const std::filesystem::path file = Home_Path(AUTOSAVE);
     std::error_code fault;
     if (!Game_Type_Offered(game_type) || game_type == 6 || !std::filesystem::exists(file, fault)) return;
-    if (!Screen().Ask(TITLE, "The last session ended in the middle of a game.\rDo you want to go on from the start of its "
-                             "last turn?"))
+    if (!Screen().Ask(
+            TITLE, "The last session ended in the middle of a game.\rDo you want to go on from the start of its "
+                   "last turn?"))
         return;
     if (Choose_Game_Type(game_type)) Open_Game_File(file.string());
 }

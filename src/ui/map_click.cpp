@@ -20,7 +20,8 @@ bool On_The_Picture(int x, int y) { return x >= 0 && y >= 0 && x < Picture_Width
 
 bool Waits_For_A_Node()
 {
-    return MapMode == MODE_PLOT || MapMode == MODE_ORBIT || MapMode == MODE_PICK_UP_ZONE || MapMode == MODE_LANDING_ZONE;
+    return MapMode == MODE_PLOT || MapMode == MODE_ORBIT || MapMode == MODE_PICK_UP_ZONE ||
+           MapMode == MODE_LANDING_ZONE;
 }
 
 struct MODE_PROMPT {
@@ -30,8 +31,26 @@ struct MODE_PROMPT {
 constexpr MODE_PROMPT PROMPTS[] = {
     {MODE_MOVE_NODE, "Right-click where the route point shall go."},
     {MODE_PLOT, "Right-click the map to add route points. Drag a point to move it. Esc ends the plot."},
+    {MODE_ORBIT, "Click the route point where the aircraft shall stay."},
+    {MODE_PICK_UP_ZONE, "Click the route point where the unit boards."},
+    {MODE_LANDING_ZONE, "Click the route point where the unit is set down."},
+    {MODE_ARRIVAL, "Right-click where the unit shall arrive."},
     {MODE_PLACE_UNIT, "Right-click where the unit shall stand. Esc leaves it where it is."},
 };
+
+/// A node takes the order that waits for one; at a pick-up zone the passenger is asked for.
+bool Click_Node(int row)
+{
+    const int lift = SelUnit;
+    const bool pick_up = MapMode == MODE_PICK_UP_ZONE;
+    if (!Plot_Node_Click(row)) return false;
+    if (!pick_up) return true;
+    const std::vector<int> units = Units_At_Pick_Up_Zone(lift, row);
+    if (units.empty()) return true;
+    const int passenger = The_Window().Choose_Unit("Available Units", units);
+    if (passenger > 0) Choose_Passenger(lift, passenger, row);
+    return true;
+}
 
 void Redraw_Routes()
 {
@@ -64,9 +83,12 @@ void Put_Down_Node(int x, int y)
 bool Map_Click(int x, int y, int reach, int node_reach)
 {
     if (DESK.CoveredFor != 0 || GameLoaded == 0) return false;
-    if (const int row = Node_At(x, y, node_reach); row > 0 && Plot_Node_Click(row)) {
+    if (const int row = Node_At(x, y, node_reach); row > 0) {
+        bool taken = false;
+        Guarded("Plot_Node_Click", [&] { taken = Click_Node(row); });
+        Show_Status(Map_Mode_Prompt());
         Redraw_Routes();
-        return true;
+        if (taken) return true;
     }
     return Select_At(x, y, reach);
 }

@@ -56,7 +56,7 @@ void mnuSpeedNormal_Click()
 
 void mnuSpeedFast_Click()
 {
-    if (!Screen().Ask(TITLE, "Setting the message display to the minimum delay setting will eliminate\r"
+    if (!Screen().Ask(TITLE, "Setting the message display to the minimum delay setting will eliminate "
                              "all sound effects.  Is this OK?"))
         return;
     MessageDelay = FAST_DELAY;
@@ -89,16 +89,17 @@ void cmdSeeT_Click(int kind)
 
 void mnuGameData_Click()
 {
-    The_Window().Show_Lines("Game Data", {
-        Of_Side("Number of Blue Units: ", Count_Used(UNIT, 1, SIDE_UNITS), 300),
-        Of_Side("Number of Red Units: ", Count_Used(UNIT, SIDE_UNITS + 1, MAX_UNIT), 300),
-        Of_Side("Number of Blue Movement Nodes: ", Count_Used(MN, 1, 300), 300),
-        Of_Side("Number of Red Movement Nodes: ", Count_Used(MN, 301, 600), 300),
-        Of_Side("Number of Blue Graphics: ", Count_Used(P, 1, 200), 200),
-        Of_Side("Number of Red Graphics: ", Count_Used(P, 201, 400), 200),
-        Of_Side("Number of Blue Targets: ", Count_Used(TG, 1, 100), 100),
-        Of_Side("Number of Red Targets: ", Count_Used(TG, 101, 200), 100),
-    });
+    The_Window().Show_Lines("Game Data",
+                            {
+                                Of_Side("Number of Blue Units: ", Count_Used(UNIT, 1, SIDE_UNITS), 300),
+                                Of_Side("Number of Red Units: ", Count_Used(UNIT, SIDE_UNITS + 1, MAX_UNIT), 300),
+                                Of_Side("Number of Blue Movement Nodes: ", Count_Used(MN, 1, 300), 300),
+                                Of_Side("Number of Red Movement Nodes: ", Count_Used(MN, 301, 600), 300),
+                                Of_Side("Number of Blue Graphics: ", Count_Used(P, 1, 200), 200),
+                                Of_Side("Number of Red Graphics: ", Count_Used(P, 201, 400), 200),
+                                Of_Side("Number of Blue Targets: ", Count_Used(TG, 1, 100), 100),
+                                Of_Side("Number of Red Targets: ", Count_Used(TG, 101, 200), 100),
+                            });
 }
 
 }   // namespace sm

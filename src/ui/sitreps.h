@@ -14,7 +14,7 @@ inline constexpr int MESSAGE_KINDS = 6;
 std::string_view Kind_Label(Message_Kind kind);
 
 struct Message_Filter {
-    int SIDE = 3;                                ///< audience: 1, 2, or 3 every side that the seat may read
+    int SIDE = 3;   ///< audience beside what is for both: 1, 2, 3 every side that the seat may read, 0 none
     bool KIND[MESSAGE_KINDS] = {true, true, true, true, true, true};
 };
 

@@ -44,8 +44,10 @@ constexpr BAND AMMUNITION[] = {{0, "AMMO: 100%"}, {2, "AMMO: 50%"}, {4, "AMMO: 0
 constexpr BAND C2_STATE[] = {{-1, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
 
 constexpr CODE_LABEL POSTURE[] = {
-    {0, "POSTURE: Stationary"}, {1, "POSTURE: Temporarily Halted"}, {2, "POSTURE: Moving"}, {5, "POSTURE: Moving"},
-    {6, "POSTURE: Stationary"}, {7, "POSTURE: Landed"},             {8, "POSTURE: Hovering"}, {9, "POSTURE: Flying"},
+    {0, "POSTURE: Stationary"}, {1, "POSTURE: Temporarily Halted"},
+    {2, "POSTURE: Moving"},     {5, "POSTURE: Moving"},
+    {6, "POSTURE: Stationary"}, {7, "POSTURE: Landed"},
+    {8, "POSTURE: Hovering"},   {9, "POSTURE: Flying"},
     {10, "POSTURE: Aborting"},  {11, "POSTURE: Orbiting"},
 };
 constexpr CODE_LABEL FIRE_ROLE[] = {{0, "Close Support"}, {1, "Counterfire"}, {2, "SEAD"}};
@@ -55,12 +57,15 @@ constexpr CODE_LABEL SENSOR[] = {{0, "Sensor Type: Optical"},
                                  {3, "Sensor Type: ELINT/EA"}};
 
 constexpr const char* ROLE[] = {
-    "User-Defined",       "ADA (SHORAD)",     "ADA (HIMAD)",      "ADA (ABM)",      "Anti-tank",
-    "Armor",              "Armored Cavalry",  "Artillery (Towed)", "Artillery (SP)", "Artillery (Rocket)",
-    "Artillery (SSM)",    "Aviation (Attack)", "Aviation (Lift)", "Logistics",      "Egr (CBT)",
-    "Egr (Bridge)",       "IEW (Ground)",     "IEW (Avn)",        "Headquarters",   "Infantry (Light)",
-    "Infantry (Mech)",    "Military Police",  "NBC (Smoke)",      "Psyops",         "Reconnaissance",
-    "Special Forces",     "UAV",
+    "User-Defined",       "ADA (SHORAD)",      "ADA (HIMAD)",
+    "ADA (ABM)",          "Anti-tank",         "Armor",
+    "Armored Cavalry",    "Artillery (Towed)", "Artillery (SP)",
+    "Artillery (Rocket)", "Artillery (SSM)",   "Aviation (Attack)",
+    "Aviation (Lift)",    "Logistics",         "Egr (CBT)",
+    "Egr (Bridge)",       "IEW (Ground)",      "IEW (Avn)",
+    "Headquarters",       "Infantry (Light)",  "Infantry (Mech)",
+    "Military Police",    "NBC (Smoke)",       "Psyops",
+    "Reconnaissance",     "Special Forces",    "UAV",
 };
 constexpr const char* SIZE[] = {"System/Squad", "Platoon", "Company", "Battalion", "Brigade", "Division", "Corps"};
 
@@ -84,7 +89,8 @@ std::string Name_Of(int unit)
 
 std::string Strength_Line(const UNIT_RECORD& u)
 {
-    return Cat("CBT POWER: ", Tenths(u.RCP2), " -- ", Percent(u.STRENGTH), u.STATUS < 2 ? " (Combat Ineffective)" : "");
+    return Cat("CBT POWER: ", Tenths(u.RCP2), " -- ", Percent(u.STRENGTH),
+               u.STATUS < 2 ? " (Combat Ineffective)" : "");
 }
 
 std::string Posture_Line(const UNIT_RECORD& u)
@@ -97,15 +103,15 @@ std::string Terrain_Line(const UNIT_RECORD& u)
 {
     if (u.TERTYPE == 0) return "TERRAIN: Unrestricted";
     if (u.TERTYPE == 2) return "TERRAIN: Severely Restricted";
-    const std::string cell =
-        u.HEXNUM >= 1 && u.HEXNUM <= HEXCOUNT ? HEXMAP[u.HEXNUM].TNAME.Str() : std::string();
+    const std::string cell = u.HEXNUM >= 1 && u.HEXNUM <= HEXCOUNT ? HEXMAP[u.HEXNUM].TNAME.Str() : std::string();
     return Cat("TERRAIN: ", cell.empty() ? std::string("Unrestricted") : cell);
 }
 
 void Add_Route(std::vector<std::string>& lines, const UNIT_RECORD& u)
 {
     if (u.NUMBER_OF_NODES < 1) return;
-    const int kilometres = MAPSCALE > 0 ? Round_Even(static_cast<float>(u.DISTANCE_TO_END * HEXWIDTH) / MAPSCALE) : 0;
+    const int kilometres =
+        MAPSCALE > 0 ? Round_Even(static_cast<float>(u.DISTANCE_TO_END * HEXWIDTH) / MAPSCALE) : 0;
     lines.push_back(Cat("DISTANCE: ", To_Text(kilometres), " kms"));
     lines.push_back(u.TIME_TO_END == 1 ? "ETA: 1 turn" : Cat("ETA: ", To_Text(u.TIME_TO_END), " turns"));
 }
@@ -178,10 +184,10 @@ Status_Texts Unit_Status(int unit)
     t.LEFT.push_back(Cat("MORALE: ", Band_Of(MORALE, u.MORALE)));
     Add_Supply(t.LEFT, unit);
     if (Artillery(u) || u.TYPE == 11) t.LEFT.emplace_back(Band_Of(AMMUNITION, u.FIREMISSIONN));
+    t.LEFT.push_back(Posture_Line(u));
+    Add_Route(t.LEFT, u);
     if (u.OFFMAP != 0 && u.ATIME > GTURN) t.LEFT.push_back(Cat("OFF-MAP: Arrives Game Turn ", To_Text(u.ATIME)));
 
-    t.RIGHT.push_back(Posture_Line(u));
-    Add_Route(t.RIGHT, u);
     t.RIGHT.push_back(Cat("FACING: ", To_Text(u.FACING), " deg"));
     t.RIGHT.push_back(Terrain_Line(u));
     t.RIGHT.push_back(C2_Line(unit));
@@ -190,8 +196,9 @@ Status_Texts Unit_Status(int unit)
     t.RIGHT.push_back(Cat("MOPP ", To_Text(u.MOPP)));
     if (Artillery(u))
         t.RIGHT.push_back(Cat("FS ROLE: ", Label_Of(FIRE_ROLE, u.FSP).empty() ? "GS Opportunity Fire"
-                                                                               : Label_Of(FIRE_ROLE, u.FSP)));
-    t.RIGHT.push_back(Cat(u.CFZ == 1 ? "CFZ: Yes" : "CFZ: No", SEPARATOR, u.SEADP == 1 ? " SEAD: Yes" : " SEAD: No"));
+                                                                              : Label_Of(FIRE_ROLE, u.FSP)));
+    t.RIGHT.push_back(
+        Cat(u.CFZ == 1 ? "CFZ: Yes" : "CFZ: No", SEPARATOR, u.SEADP == 1 ? " SEAD: Yes" : " SEAD: No"));
     t.RIGHT.push_back(Replacement_Line(unit));
     return t;
 }

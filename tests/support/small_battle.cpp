@@ -98,8 +98,9 @@ Scratch_Home::Scratch_Home() : before_(Program_Folder())
 {
     for (const char* folder : {"Maps", "Terrain", "icons", "events", "sounds"})
         fs::create_directory_symlink(fs::path(STONEMARCH_HOME_DIR) / folder, folder_ / folder);
-    for (const char* folder : {"Scenarios", "Saved Games", "aar", "OPORDs"}) fs::create_directory(folder_ / folder);
-    for (const char* file : {"SMW.wef", "smintro1.wav"})
+    for (const char* folder : {"Scenarios", "Saved Games", "aar", "OPORDs"})
+        fs::create_directory(folder_ / folder);
+    for (const char* file : {"SMW.wef", "smintro1.wav", "SM Help.hlp"})
         if (fs::exists(fs::path(STONEMARCH_HOME_DIR) / file))
             fs::copy_file(fs::path(STONEMARCH_HOME_DIR) / file, folder_ / file);
     Set_Program_Folder(folder_.Path());

@@ -211,8 +211,9 @@ TEST_F(Planning, OptionsSetTheirValueAndSaySo)
     EXPECT_EQ(MessageDelay, 2000.0f);
     Run_Command(Cmd::SPEED_FAST);
     EXPECT_EQ(MessageDelay, 100.0f);
-    EXPECT_TRUE(board.SCREEN.Heard("ask", "Setting the message display to the minimum delay setting will eliminate\rall sound "
-                                          "effects.  Is this OK?"));
+    EXPECT_TRUE(board.SCREEN.Heard(
+        "ask", "Setting the message display to the minimum delay setting will eliminate all sound "
+               "effects.  Is this OK?"));
     EXPECT_TRUE(board.SCREEN.Heard("box", "The game speed is set to fast!"));
     Run_Command(Cmd::SPEED_NORMAL);
     EXPECT_EQ(MessageDelay, 2000.0f);
@@ -252,7 +253,8 @@ TEST_F(Planning, TheReportRefusesConvoys)
     Get_Unit(u);
     UNIT[u].SIZE = 100;
     Run_Command(Cmd::UNIT_REPORT);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "FROM the G4:|Supply Convoys cannot be accessed through the Unit Status Report!"));
+    EXPECT_TRUE(board.SCREEN.Heard(
+        "box", "FROM the G4:|Supply Convoys cannot be accessed through the Unit Status Report!"));
     EXPECT_TRUE(WINDOW.LINES.empty());
     UNIT[u].SIZE = 3;
     Run_Command(Cmd::UNIT_REPORT);

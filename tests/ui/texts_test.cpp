@@ -58,10 +58,12 @@ TEST_F(Texts, TheStatusOfAUnitIsToldInItsWords)
     r.CFZ = 1;
     const Status_Texts t = Unit_Status(u);
     EXPECT_EQ(t.LEFT, (std::vector<std::string>{"UNIT: 1-35 Armor", "MISSION: Offense", "CBT POWER: 7.5 -- 75%",
-                                                "MORALE: High", "LOGISTICS: 88%", "SUPPLY CONVOY: None"}));
-    EXPECT_EQ(t.RIGHT, (std::vector<std::string>{"POSTURE: Moving", "FACING: 45 deg", "TERRAIN: Unrestricted",
-                                                 "C2 Status: Average - 33 kms", "SUPPRESSION: Light", "FATIGUE: Tired",
-                                                 "MOPP 2", "CFZ: Yes   |||  SEAD: No", "WSRO: None"}));
+                                                "MORALE: High", "LOGISTICS: 88%", "SUPPLY CONVOY: None",
+                                                "POSTURE: Moving"}));
+    EXPECT_EQ(t.RIGHT,
+              (std::vector<std::string>{"FACING: 45 deg", "TERRAIN: Unrestricted", "C2 Status: Average - 33 kms",
+                                        "SUPPRESSION: Light", "FATIGUE: Tired", "MOPP 2",
+                                        "CFZ: Yes   |||  SEAD: No", "WSRO: None"}));
     r.STATUS = 1;
     EXPECT_TRUE(Says(u, "CBT POWER: 7.5 -- 75% (Combat Ineffective)"));
 }
@@ -71,7 +73,8 @@ TEST_F(Texts, BandsMeetExactly)
     const struct {
         int FATIGUE;
         const char* LINE;
-    } fatigue[] = {{0, "Rested"}, {1, "Rested"}, {2, "OK"}, {15, "OK"}, {16, "Tired"}, {21, "Tired"}, {22, "Exhausted"}};
+    } fatigue[] = {{0, "Rested"}, {1, "Rested"}, {2, "OK"},        {15, "OK"},
+                   {16, "Tired"}, {21, "Tired"}, {22, "Exhausted"}};
     for (const auto& f : fatigue) {
         UNIT[u].FATIGUE = f.FATIGUE;
         EXPECT_TRUE(Says(u, Cat("FATIGUE: ", f.LINE))) << f.FATIGUE;

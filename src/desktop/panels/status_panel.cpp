@@ -1,0 +1,122 @@
+#include "desktop/panels/status_panel.h"
+
+#include "core/game_state.h"
+#include "core/seat.h"
+#include "desktop/map/symbols.h"
+#include "desktop/theme.h"
+#include "ui/desk.h"
+#include "ui/unit_status.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace sm::desktop {
+
+namespace {
+
+constexpr int LINE_HEIGHT = 15, SYMBOL = 40, GAP = 12;
+
+/// "MORALE: High": the caption stands back, the value stands out.
+QString Rich(const QString& line)
+{
+    const auto colon = line.indexOf(QLatin1String(": "));
+    const QString soft = QStringLiteral("<span style='color:#66727e'>%1</span> ");
+    const auto value = [](const QString& text) {
+        return QStringLiteral("<b style='font-weight:600'>%1</b>").arg(text.toHtmlEscaped());
+    };
+    if (colon < 0) return value(line);
+    return soft.arg(line.left(colon + 1).toHtmlEscaped()) + value(line.mid(colon + 2));
+}
+
+}   // namespace
+
+Status_Panel::Status_Panel(QWidget* parent) : QFrame(parent)
+{
+    setObjectName(QStringLiteral("panel"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(10, 6, 8, 6);
+    column->setSpacing(2);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(8);
+    symbol_ = new QLabel(this);
+    symbol_->setFixedSize(SYMBOL, SYMBOL);
+    head->addWidget(symbol_);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    name_ = new QLabel(this);
+    name_->setObjectName(QStringLiteral("lblUnitName"));
+    name_->setFont(Type_Font(Type::TITLE, QFont::DemiBold));
+    kind_ = new QLabel(this);
+    kind_->setStyleSheet(QStringLiteral("color: #55626f;"));
+    words->addWidget(name_);
+    words->addWidget(kind_);
+    head->addLayout(words, 1);
+    column->addLayout(head);
+    grid_ = new QGridLayout;
+    grid_->setHorizontalSpacing(GAP);
+    grid_->setVerticalSpacing(0);
+    grid_->setColumnStretch(0, 53);
+    grid_->setColumnStretch(1, 47);
+    column->addLayout(grid_);
+    column->addStretch(1);
+    Refresh();
+}
+
+QLabel* Status_Panel::Line(std::size_t index)
+{
+    while (lines_.size() <= index) {
+        auto* label = new QLabel(this);
+        label->setObjectName(QStringLiteral("lblStatus%1").arg(lines_.size()));
+        label->setTextFormat(Qt::RichText);
+        label->setStyleSheet(QStringLiteral("font-size: 12px;"));
+        label->setFixedHeight(LINE_HEIGHT);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        lines_.push_back(label);
+    }
+    return lines_[index];
+}
+
+void Status_Panel::Refresh()
+{
+    if (SelUnit < 1 || UNIT[SelUnit].STATUS < 1) {
+        symbol_->hide();
+        name_->setText(QStringLiteral("No unit selected"));
+        kind_->setText(GameLoaded == 0 ? QString() : QStringLiteral("Click a unit on the map to read its state."));
+        for (QLabel* line : lines_) line->hide();
+        return;
+    }
+    const UNIT_RECORD& u = UNIT[SelUnit];
+    symbol_->show();
+    symbol_->setPixmap(Unit_Symbol(SelUnit, SYMBOL, devicePixelRatioF()));
+    Status_Texts texts = Unit_Status(SelUnit);
+    name_->setText(To_Screen(texts.LEFT.front()));   // the first line is the heading
+    texts.LEFT.erase(texts.LEFT.begin());
+    QString kind = To_Screen(Role_Label(u.TYPE));
+    if (u.SIZE != 100 && u.TYPE != 50) kind += QStringLiteral(" ") + To_Screen(Size_Label(u.SIZE));
+    if (!u.NATION.Empty()) kind += QStringLiteral(", ") + To_Screen(u.NATION);
+    if (!u.IMAGE.Empty() && !Symbol_Exists(u.IMAGE.Str()))
+        kind = QStringLiteral("Bad Data for Unit: ") + To_Screen(u.NAME);
+    kind_->setText(kind);
+
+    // Two columns; a line too long for the left one takes its row alone, and the right column goes on below it.
+    const QFontMetrics metrics(Type_Font(Type::SMALL, QFont::DemiBold));
+    const int room = width() - 18 - GAP, left = room * 53 / 100, right = room - left;
+    std::size_t used = 0;
+    const auto put = [&](const std::string& text, int row, int column, int span, int most) {
+        const QString line = To_Screen(text);
+        QLabel* label = Line(used++);
+        label->setText(Rich(metrics.elidedText(line, Qt::ElideRight, most)));
+        label->setToolTip(line);
+        grid_->addWidget(label, row, column, 1, span);
+        label->show();
+    };
+    std::size_t l = 0, r = 0;
+    for (int row = 0; l < texts.LEFT.size() || r < texts.RIGHT.size(); ++row) {
+        const bool alone = l < texts.LEFT.size() && metrics.horizontalAdvance(To_Screen(texts.LEFT[l])) > left;
+        if (l < texts.LEFT.size()) put(texts.LEFT[l++], row, 0, alone ? 2 : 1, alone ? room + GAP : left);
+        if (!alone && r < texts.RIGHT.size()) put(texts.RIGHT[r++], row, 1, 1, right);
+    }
+    for (std::size_t i = used; i < lines_.size(); ++i) lines_[i]->hide();
+}
+
+}   // namespace sm::desktop

@@ -1,0 +1,154 @@
+// The window in the states a player meets, as screenshots to look at; what can be told by a rule is tested.
+
+#include "driver.h"
+
+#include "core/clock.h"
+#include "core/game_state.h"
+#include "core/seat.h"
+#include "core/shared.h"
+#include "desktop/dialogs/boxes.h"
+#include "desktop/map/map_view.h"
+#include "ui/desk.h"
+#include "ui/game_commands.h"
+#include "ui/options.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace sm;
+using namespace sm::test;
+
+namespace {
+
+void Post_Many()
+{
+    static constexpr const char* TEXTS[] = {
+        "SITREP: 1-35 Armor lost 5% as a result of direct fires!",
+        "SPOTREP: 1-1 Cavalry reports enemy armor battalion!",
+        "INTREP: Enemy artillery located by counterfire radar.",
+        "Artillery Attack BDA:  68th Tank lost 12%!",
+        "2-6 Mech is at it's final destination!",
+        "NBC MESSAGE: Persistent agent reported!",
+    };
+    for (int n = 0; n < 24; ++n)
+        Post_Message(2 + n % 4, TEXTS[n % 6], 400 + n * 6, 430 + n * 5, 0,
+                     n % 5 == 0   ? BOTH
+                     : n % 2 == 0 ? BLUE
+                                  : RED);
+}
+
+std::string Clipped(Player& player)
+{
+    std::string text;
+    for (const std::string& line : player.Clipped_Texts()) text += line + "\n";
+    return text;
+}
+
+}   // namespace
+
+TEST(Looks, ReportsAtEverySizeShowWithoutClippedText)
+{
+    for (const QSize size : {QSize(1024, 768), QSize(1280, 960)}) {
+        Player player(size);
+        player.Open();
+        Post_Many();
+        player.Choose(Cmd::VIEW_ALL);
+        player.Screenshot("reports-" + std::to_string(size.width()));
+        EXPECT_EQ(Clipped(player), "");
+    }
+}
+
+TEST(Looks, NightOverlaysAndLongLinesStayReadable)
+{
+    Player player;
+    player.Open();
+    GTIME = "2300";
+    Update_Header();
+    player.Map().Set_Zoom(1.6, QPointF(400, 300));
+    player.Map().Go_To(500, 490);
+    UNIT_RECORD& u = UNIT[4];
+    u.NAME = "1st Bn 27th Fd Arty W";
+    u.STATUS = 1;
+    u.STRENGTH = 31;
+    u.RCP2 = 103.1f;
+    u.C2 = 1;
+    u.C2D = 61;
+    u.SUPPRESSED = 4;
+    u.FATIGUE = 25;
+    u.MISSION = "Deliberate Defense";
+    u.TERTYPE = 2;
+    u.FSP = 3;
+    u.WSRO = 3;
+    player.Click(390, 500);
+    ASSERT_EQ(SelUnit, 4);
+    player.Screenshot("night");
+    EXPECT_EQ(Clipped(player), "");
+    player.Choose(Cmd::OVERLAY_1);
+    player.Screenshot("night-overlay-1");
+    GTIME = "1100";
+    Update_Header();
+    player.Screenshot("day-overlay-1");
+    player.Choose(Cmd::OVERLAY_2);
+    player.Map().Set_Zoom(2.6, QPointF(400, 300));
+    player.Screenshot("day-overlay-2");
+}
+
+TEST(Looks, AFullBattleAtThreeZooms)
+{
+    Player player;
+    const std::string full = Save_Full_Battle(player.HOME).string();
+    DESK = Desk{};
+    SEAT.WritesFiles = true;
+    player.Open(full);
+    ASSERT_EQ(GameLoaded, -1);
+    player.Choose(Cmd::VIEW_ALL);
+    player.Choose(Cmd::WHOLE_MAP);
+    player.Screenshot("full-far");
+    player.Map().Set_Zoom(1.4, QPointF(400, 300));
+    player.Screenshot("full-middle");
+    player.Map().Set_Zoom(3.2, QPointF(400, 300));
+    player.Choose(Cmd::NEXT_UNIT);
+    player.Map().Settle();
+    player.Screenshot("full-near");
+}
+
+TEST(Looks, SheetsAndBoxes)
+{
+    Player player;
+    player.Open();
+    player.Click(405, 440);
+    const auto shoot = [&](const char* name, const char* sheet) {
+        player.Wait(30);
+        auto* dialog = player.Window().findChild<QDialog*>(QString::fromLatin1(sheet));
+        ASSERT_NE(dialog, nullptr) << sheet;
+        player.Screenshot_Of(*dialog, name);
+        dialog->close();
+        player.Wait(10);
+    };
+    player.Choose(Cmd::UNIT_REPORT);
+    shoot("sheet-unit", "sheet Unit Status Report");
+    player.Choose(Cmd::GAME_DATA);
+    shoot("sheet-data", "sheet Game Data");
+    player.Choose(Cmd::HELP_KEYS);
+    shoot("sheet-keys", "sheet Keyboard Commands");
+    player.Choose(Cmd::HELP_TURN);
+    shoot("sheet-help", "sheet Game Setup Instructions");
+
+    const auto shoot_modal = [&](const char* name) {
+        QTimer::singleShot(0, &player.Window(), [&player, name] {
+            if (auto* box = QApplication::activeModalWidget(); box != nullptr) player.Screenshot_Of(*box, name);
+        });
+    };
+    player.Answer("OK");
+    shoot_modal("box");
+    Screen().Box("From the G-4:", "This Unit Must Have a Supporting Logistics Unit to Get Resupplied!");
+    player.Answer("No");
+    shoot_modal("box-ask");
+    mnuSpeedFast_Click();
+    player.Answer_File("");
+    shoot_modal("box-file");
+    cmdSavegame_Click();
+    EXPECT_EQ(player.UNEXPECTED, 0);
+}

@@ -1,0 +1,19 @@
+#include "desktop/sound/player.h"
+#include "desktop/theme.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+#include <clocale>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !qEnvironmentVariableIsSet("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    sm::desktop::Sound_Player::Choose_Backend();
+    QApplication application(argc, argv);
+    std::setlocale(LC_ALL, "C");
+    sm::desktop::Apply_Theme(application);
+    return RUN_ALL_TESTS();
+}

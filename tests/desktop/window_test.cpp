@@ -1,0 +1,296 @@
+#include "driver.h"
+
+#include "core/game_state.h"
+#include "core/seat.h"
+#include "core/shared.h"
+#include "core/state_hash.h"
+#include "desktop/map/map_view.h"
+#include "support/board.h"
+#include "ui/desk.h"
+#include "ui/game_commands.h"
+
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+using namespace sm;
+using namespace sm::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+const QSize SMALL(1024, 768);
+
+double Distance(QPointF a, QPointF b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+
+}   // namespace
+
+TEST(Window, TheWheelZoomsAtThePointer)
+{
+    Player player(SMALL);
+    player.Open();
+    player.Map().Set_Zoom(1.2, QPointF(400, 200));
+    player.Map().Go_To(500, 500);
+    const QPoint pointer(520, 130);
+    const QPointF under = player.Map().mapToScene(pointer);
+    const double before = player.Map().Zoom();
+    player.Wheel(pointer, 3);
+    player.Wait(500);
+    EXPECT_NEAR(player.Map().Zoom(), before * std::pow(1.22, 3), 0.02);
+    // Scrolling goes by whole pixels: half a pixel of the screen each way.
+    EXPECT_LT(Distance(player.Map().mapToScene(pointer), under) * player.Map().Zoom(), 3.0);
+
+    player.Wheel(pointer, -40);
+    player.Wait(700);
+    const QRectF seen = player.Map().Seen();
+    EXPECT_TRUE(seen.width() >= 1008 || seen.height() >= 1008);   // no further out than the whole map
+}
+
+TEST(Window, TheMapIsDraggedByTheMiddleButtonByBareGroundAndBySpaceButNotByAUnit)
+{
+    Player player(SMALL);
+    player.Open();
+    player.Map().Set_Zoom(2, QPointF(0, 0));
+    player.Map().Go_To(500, 500);
+    const auto moved_by = [&](QPoint from, Qt::MouseButton button) {
+        const QPointF before = player.Map().mapToScene(QPoint(0, 0));
+        player.Drag(from, from + QPoint(-60, 20), button);
+        return player.Map().mapToScene(QPoint(0, 0)) - before;
+    };
+    const QPoint bare(700, 60);
+    EXPECT_LT(Distance(moved_by(bare, Qt::MiddleButton), QPointF(30, -10)), 1.0);
+    EXPECT_LT(Distance(moved_by(bare, Qt::LeftButton), QPointF(30, -10)), 1.0);
+    const QPoint unit = player.On_Screen(405, 440);
+    EXPECT_LT(Distance(moved_by(unit, Qt::LeftButton), QPointF(0, 0)), 0.1);
+    EXPECT_EQ(SelUnit, 2);
+
+    player.Hold_Key(Qt::Key_Space, true);
+    EXPECT_LT(Distance(moved_by(player.On_Screen(405, 440), Qt::LeftButton), QPointF(30, -10)), 1.0);
+    player.Hold_Key(Qt::Key_Space, false);
+    EXPECT_LT(Distance(moved_by(player.On_Screen(405, 440), Qt::LeftButton), QPointF(0, 0)), 0.1);
+}
+
+TEST(Window, ArrowKeysScrollTheMapEvenAfterAClickInTheList)
+{
+    Player player(SMALL);
+    player.Open();
+    for (int n = 0; n < 30; ++n) Post_Message(2, Cat("SITREP: message ", To_Text(n)), 420, 440, 0, BLUE);
+    player.Wait(20);
+    player.Map().Set_Zoom(3, QPointF(0, 0));
+    player.Map().Go_To(500, 500);
+    auto* list = player.Window().findChild<QTableView*>(QStringLiteral("lstSitrep"));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 30));
+    const QPointF before = player.Map().Seen().center();
+    player.Key(Qt::Key_Right);
+    player.Key(Qt::Key_Down);
+    player.Wait(500);
+    // An arrow scrolls 96 pixels of the screen: 32 of the picture at zoom 3.
+    EXPECT_LT(Distance(player.Map().Seen().center() - before, QPointF(32, 32)), 1.5);
+}
+
+TEST(Window, ADoubleClickOnAReportShowsThePlaceAndBackReturns)
+{
+    Player player(SMALL);
+    player.Open();
+    Post_Message(2, "SITREP: contact", 640, 200, 0, BLUE);
+    player.Wait(20);
+    player.Map().Set_Zoom(2.5, QPointF(0, 0));
+    player.Map().Go_To(430, 640);
+    const QPointF before = player.Map().Seen().center();
+    auto* list = player.Window().findChild<QTableView*>(QStringLiteral("lstSitrep"));
+    const QPoint row = list->visualRect(list->model()->index(0, 2)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, row);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, row);
+    EXPECT_LT(Distance(player.Map().Seen().center(), QPointF(640, 200)), 2.0);
+    player.Screenshot("message-place");
+    ASSERT_TRUE(player.Press("cmdMapBack"));
+    EXPECT_LT(Distance(player.Map().Seen().center(), before), 2.0);
+    EXPECT_FALSE(player.Press("cmdMapBack"));
+}
+
+TEST(Window, TheKindsOfReportsAreFilteredByTheirButtons)
+{
+    Player player(SMALL);
+    player.Open();
+    Post_Message(2, "SITREP: one", 420, 440, 0, BLUE);
+    Post_Message(2, "SPOTREP: two", 420, 440, 0, BLUE);
+    Post_Message(302, "SITREP: of Red", 420, 440, 0, RED);
+    player.Wait(20);
+    const auto* list = player.Window().findChild<QTableView*>(QStringLiteral("lstSitrep"));
+    EXPECT_EQ(list->model()->rowCount(), 2);
+    ASSERT_TRUE(player.Press("chip0"));
+    EXPECT_EQ(list->model()->rowCount(), 1);
+    EXPECT_FALSE(player.Press("chipSide2"));   // Blue reads its own and has no choice of sides
+    player.Press("chip0");
+    player.Choose(Cmd::VIEW_ALL);
+    EXPECT_EQ(list->model()->rowCount(), 3);
+    ASSERT_TRUE(player.Press("chipSide1"));
+    EXPECT_EQ(list->model()->rowCount(), 1);
+}
+
+TEST(Window, ClosingInMidTurnAsksAndTheProgramEndsWithWholeFiles)
+{
+    Player player(SMALL);
+    player.Open();
+    MessageDelay = 100;
+    bool closed = false;
+    QTimer::singleShot(300, &player.Window(), [&] {
+        EXPECT_TRUE(SEAT.TurnRunning);
+        player.Answer("No");
+        player.Window().close();
+        EXPECT_FALSE(DESK.LEAVING);
+        player.Answer("Yes");
+        player.Window().close();
+        EXPECT_TRUE(DESK.LEAVING);
+        EXPECT_TRUE(player.Window().isVisible());   // the turn still runs
+        closed = true;
+    });
+    player.Choose(Cmd::GO);
+    EXPECT_TRUE(closed);
+    EXPECT_TRUE(DESK.CLOSED);
+    EXPECT_FALSE(player.Window().isVisible());
+    EXPECT_EQ(player.TOLD.back(),
+              "Are you sure that you want to quit?\nThe turn that is being played will be lost. The game at "
+              "its start is kept in autosave.btl.");
+
+    DESK = Desk{};
+    Use_Screen(&player.Window());
+    ASSERT_TRUE(Open_Game_File((player.HOME / "Saved Games" / "autosave.btl").string()));
+    EXPECT_EQ(GTURN, 0);
+    for (const auto& entry : fs::directory_iterator(player.HOME / "Saved Games"))
+        EXPECT_EQ(entry.path().filename(), "autosave.btl");   // no temporary left
+}
+
+TEST(Window, NothingThatIsDoneWhileATurnWaitsChangesTheGame)
+{
+    Player player(SMALL);
+    player.Open();
+    player.Click(405, 440);
+    SEAT.TurnRunning = true;
+    const auto before = State_Hash();
+    QTimer::singleShot(20, &player.Window(), [&] {
+        player.Key(Qt::Key_M);
+        player.Click(450, 450, Qt::RightButton);
+        player.Key(Qt::Key_M, Qt::ControlModifier);
+        player.Choose(Cmd::TURN_LEFT);
+        player.Choose(Cmd::MOPP_4);
+        player.Choose(Cmd::GO);
+        player.Choose(Cmd::TURN_15);
+        player.Key(Qt::Key_Plus);
+        player.Wheel(QPoint(100, 100), 2);
+    });
+    Delay(250);
+    SEAT.TurnRunning = false;
+    EXPECT_EQ(State_Hash(), before);
+    EXPECT_EQ(MapMode, 0);
+    EXPECT_EQ(player.UNEXPECTED, 0);
+}
+
+TEST(Window, DelayLastsAsLongAsItIsTold)
+{
+    Player player(SMALL);
+    QElapsedTimer timer;
+    timer.start();
+    Delay(180);
+    EXPECT_GE(timer.elapsed(), 180);
+    EXPECT_LT(timer.elapsed(), 600);
+}
+
+TEST(Window, AMissingMapPictureLeavesAPlayableMap)
+{
+    Player player(SMALL);
+    fs::remove(player.HOME / "Maps");
+    fs::create_directory(player.HOME / "Maps");
+    player.Open();
+    ASSERT_EQ(GameLoaded, -1);
+    player.Click(405, 440);
+    EXPECT_EQ(SelUnit, 2);
+    player.Screenshot("no-picture");
+}
+
+TEST(Window, ABrokenSaveAndAFolderThatCannotBeWrittenAreToldAndTheGameGoesOn)
+{
+    Player player(SMALL);
+    const std::string whole = File_Content(player.SCENARIO);
+    const fs::path broken = player.HOME / "Saved Games" / "broken.btl";
+    Put_File(broken, whole.substr(0, whole.size() / 2) + "\r\nUNIT.X:not a number\r\n");
+    player.Answer("No");
+    player.Answer_File(broken.string());
+    player.Answer("OK");
+    player.Press("optGameType0");
+    player.Wait(30);
+    EXPECT_EQ(GameLoaded, 0);
+    EXPECT_EQ(player.TOLD.back().substr(0, 7), "Error: ");
+    player.Screenshot("nothing-loaded");
+    ASSERT_TRUE(player.Choose(Cmd::EXIT) || true);
+    player.TOLD.clear();
+
+    player.Answer_File(player.SCENARIO);
+    ASSERT_TRUE(player.Choose(Cmd::NEW_GAME));
+    ASSERT_EQ(GameLoaded, -1);
+    player.Answer_File("/proc/no place to write/game.btl");
+    player.Answer("OK");
+    player.Choose(Cmd::SAVE);
+    EXPECT_EQ(GameLoaded, -1);
+    EXPECT_FALSE(player.TOLD.empty());
+    player.Click(405, 440);
+    EXPECT_EQ(SelUnit, 2);
+}
+
+TEST(Window, ASecondClickOnAPileShowsTheNextUnitOfIt)
+{
+    Player player(SMALL);
+    player.Open();
+    UNIT[3].X = UNIT[2].X;
+    UNIT[3].Y = UNIT[2].Y;
+    player.Map().Set_Zoom(2, QPointF(0, 0));
+    player.Map().Go_To(420, 450);
+    player.Click(405, 440);
+    EXPECT_EQ(SelUnit, 2);
+    player.Click(405, 440);
+    EXPECT_EQ(SelUnit, 3);
+    EXPECT_EQ(player.Text_Of("lblUnitName"), QStringLiteral("UNIT: 2-6 Mech"));
+    player.Click(405, 440);
+    EXPECT_EQ(SelUnit, 2);
+}
+
+TEST(Window, ANodeIsDraggedOrLeftInTheHandForTheNextRightClick)
+{
+    Player player(SMALL);
+    player.Open();
+    player.Map().Set_Zoom(2, QPointF(0, 0));
+    player.Map().Go_To(440, 450);
+    player.Click(405, 440);
+    player.Key(Qt::Key_M);
+    player.Click(450, 440, Qt::RightButton);
+    ASSERT_EQ(UNIT[2].NUMBER_OF_NODES, 1);
+    player.Drag(player.On_Screen(450, 440), player.On_Screen(460, 470), Qt::LeftButton);
+    EXPECT_EQ(MN[1].MNX, 460);
+    EXPECT_EQ(MN[1].MNY, 470);
+    EXPECT_EQ(MapMode, 10);
+    player.Click(460, 470);
+    EXPECT_EQ(MapMode, 9);
+    player.Click(470, 420, Qt::RightButton);
+    EXPECT_EQ(MN[1].MNY, 420);
+    player.Key(Qt::Key_M, Qt::ControlModifier);
+    EXPECT_EQ(UNIT[2].NUMBER_OF_NODES, 0);
+}
+
+TEST(Window, TheCoverShowsNothingOfEitherSide)
+{
+    Player player(SMALL);
+    player.Open();
+    player.Click(405, 440);
+    player.Choose(Cmd::HAND_OVER);
+    for (const char* name : {"map", "lstSitrep", "palette", "overview"})
+        EXPECT_FALSE(player.Window().findChild<QWidget*>(QString::fromLatin1(name))->isVisible()) << name;
+    EXPECT_EQ(player.Text_Of("lblCover"), QStringLiteral("Red Player"));
+    EXPECT_FALSE(player.Choose(Cmd::VIEW_ALL));
+    player.Key(Qt::Key_Escape);
+    EXPECT_EQ(DESK.CoveredFor, 0);
+}
