@@ -4,6 +4,7 @@
 #include "core/records.h"
 #include "core/scalars.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace sm {
@@ -55,6 +56,21 @@ struct Table {
     Record ROW[SIZE];
 };
 
+/// The grid: 150,000 cells at most, and most maps have far fewer. A copy carries the rows that the map has; no rule reads
+/// one beyond them.
+struct Hexmap_Table : Table<HEXMAP_RECORD, MAX_HEX, HEXMAP_NAME> {
+    int FILLED = MAX_HEX;   ///< rows that the map has; all of them until a map is prepared
+
+    Hexmap_Table() = default;
+    Hexmap_Table(const Hexmap_Table& other) : Hexmap_Table() { *this = other; }
+    Hexmap_Table& operator=(const Hexmap_Table& other)
+    {
+        if (this != &other) std::copy(other.ROW, other.ROW + other.FILLED, ROW);
+        FILLED = other.FILLED;
+        return *this;
+    }
+};
+
 /// The catalogue of unit types: grows to the size of the weapons file.
 struct Wpn_Table {
     static constexpr const char* NAME = WPN_NAME::VALUE;
@@ -83,7 +99,7 @@ struct Game : HEADER, TACAIR, MODEL {
     Table<OBJ_RECORD, MAX_OBJ, OBJ_NAME> OBJ;
     Table<AAR_RECORD, MAX_AAR, AAR_NAME> AAR;
     Table<PP_RECORD, MAX_PP, PP_NAME> PP;
-    Table<HEXMAP_RECORD, MAX_HEX, HEXMAP_NAME> HEXMAP;
+    Hexmap_Table HEXMAP;
     Table<SITREPLIST_RECORD, MAX_SITREP, SITREPLIST_NAME> SITREPLIST;
     Table<PLAYERS_RECORD, MAX_PLAYER, PLAYERS_NAME> PLAYERS;
     Wpn_Table WPN;

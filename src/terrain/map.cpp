@@ -186,10 +186,12 @@ bool Prepare_Map()
     const bool seen = Load_Picture();
     HEXCOUNT = Round_Even(static_cast<double>(NUMCOLS) * static_cast<double>(NUMROWS));
     Show_Status(Cat("Battlefield Size: ", To_Text(NUMCOLS), " x ", To_Text(NUMROWS), " kms"));
+    HEXMAP.FILLED = MAX_HEX;   // while it is laid out anew
     const bool read = Load_Terrain();
     Take_Map_Bridges();
     Lay_Overlays();
     Put_Units_On_Terrain();
+    HEXMAP.FILLED = HEXCOUNT;
     Screen().Changed(Redraw::GRAPHICS);
     if (!seen && NetRole == 2 && !Trim(MAPFILE).empty()) {
         // The picture bounds the map: without it this seat would play another game than its host.
