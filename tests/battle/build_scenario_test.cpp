@@ -3,6 +3,7 @@
 #include "core/game_state.h"
 #include "persist/game_file.h"
 #include "support/board.h"
+#include "support/places.h"
 #include "support/scratch.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // stonemarch-battle, run as a person runs it.
 
+#include "support/places.h"
 #include "support/scratch.h"
 
 #include <gtest/gtest.h>

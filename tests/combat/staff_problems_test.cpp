@@ -1,5 +1,6 @@
 // Every text of tests/combat/problems is a problem with its solution.
 
+#include "support/places.h"
 #include "support/scratch.h"
 #include "support/staff_problem.h"
 

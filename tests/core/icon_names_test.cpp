@@ -1,4 +1,5 @@
 #include "core/icon_names.h"
+#include "support/places.h"
 #include "support/scratch.h"
 #include <gtest/gtest.h>
 

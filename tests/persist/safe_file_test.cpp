@@ -1,4 +1,5 @@
 #include "persist/safe_file.h"
+#include "support/places.h"
 #include "support/scratch.h"
 #include <algorithm>
 #include <charconv>

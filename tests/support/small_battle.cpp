@@ -1,4 +1,5 @@
 #include "support/small_battle.h"
+#include "support/places.h"
 
 #include "core/icon_names.h"
 #include "core/session.h"

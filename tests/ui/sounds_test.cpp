@@ -1,3 +1,4 @@
+#include "support/places.h"
 #include "support/scratch.h"
 #include <gtest/gtest.h>
 
