@@ -5,6 +5,7 @@
 #include "core/seat.h"
 #include "core/session.h"
 #include "desktop/dialogs/boxes.h"
+#include "desktop/dialogs/victory_sheet.h"
 #include "desktop/map/map_view.h"
 #include "desktop/map/overview.h"
 #include "desktop/panels/header_bar.h"
@@ -303,6 +304,8 @@ void Main_Window::Show_Help(std::string_view file, std::string_view title)
 {
     Show_Help_Sheet(this, To_Screen(title), std::string(file));
 }
+
+void Main_Window::Show_Victory() { Show_Victory_Sheet(this); }
 
 void Main_Window::Show_Keys() { Show_Key_Sheet(this, QStringLiteral("Keyboard Commands"), Key_List()); }
 

@@ -62,6 +62,7 @@ public:
     void Show_Lines(std::string_view title, const std::vector<std::string>& lines) override;
     void Show_Help(std::string_view file, std::string_view title) override;
     void Show_Keys() override;
+    void Show_Victory() override;
     int Choose_Unit(std::string_view title, const std::vector<int>& units) override;
     void Close() override;
 

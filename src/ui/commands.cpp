@@ -107,6 +107,7 @@ constexpr COMMAND TABLE[] = {
     {Cmd::CENTRING_ON, true, "Turn-on Map Centering", "The map follows the selected unit", ANY_TIME, [] { DESK.CENTRING = true; }, [] { return DESK.CENTRING; }, nullptr},
     {Cmd::CENTRING_OFF, true, "Turn-off Map Centering", "The map stays where it is", ANY_TIME, [] { DESK.CENTRING = false; }, [] { return !DESK.CENTRING; }, nullptr},
     {Cmd::GAME_DATA, true, "Game Data", "How full the tables are", GAME_ON, mnuGameData_Click, nullptr, nullptr},
+    {Cmd::VICTORY, true, "Victory Status", "Who stands better, and by how much", GAME_ON, [] { The_Window().Show_Victory(); }, nullptr, nullptr},
     {Cmd::VIEW_BLUE, true, "View Blue", "Blue and what Blue has spotted", GAME_ON, [] { mnuView_Click(1); }, [] { return ViewMode == 1; }, nullptr},
     {Cmd::VIEW_RED, true, "View Red", "Red and what Red has spotted", GAME_ON, [] { mnuView_Click(2); }, [] { return ViewMode == 2; }, nullptr},
     {Cmd::VIEW_ALL, true, "View All", "Both sides", GAME_ON, [] { mnuView_Click(3); }, [] { return ViewMode == 3; }, nullptr},
@@ -151,7 +152,7 @@ constexpr MENU_ROW MENUS[] = {
     {"View", "", Cmd::NONE}, {"View", "", Cmd::OVERLAY_1}, {"View", "", Cmd::OVERLAY_2}, {"View", "", Cmd::OVERLAY_OFF},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::RANGE_RINGS}, {"View", "", Cmd::STATUS_BOX}, {"View", "", Cmd::SITREPS}, {"View", "", Cmd::OVERVIEW},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::WHOLE_MAP}, {"View", "", Cmd::CENTRING_ON}, {"View", "", Cmd::CENTRING_OFF},
-    {"View", "", Cmd::NONE}, {"View", "", Cmd::GAME_DATA},
+    {"View", "", Cmd::NONE}, {"View", "", Cmd::VICTORY}, {"View", "", Cmd::GAME_DATA},
 
     {"Options", "Turn Length", Cmd::TURN_15}, {"Options", "Turn Length", Cmd::TURN_ONE_HOUR},
     {"Options", "Turn Length", Cmd::TURN_TWO_HOURS}, {"Options", "Game Speed", Cmd::SPEED_NORMAL},

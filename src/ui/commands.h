@@ -51,6 +51,7 @@ enum class Cmd {
     CENTRING_ON,
     CENTRING_OFF,
     GAME_DATA,
+    VICTORY,
     VIEW_BLUE,
     VIEW_RED,
     VIEW_ALL,

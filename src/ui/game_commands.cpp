@@ -25,8 +25,8 @@ constexpr bool OFFERED[GAME_TYPES] = {
     true,    // 0 Two-player Hot-Seat
     false,   // 1 Blue Player Play by  Email
     false,   // 2 Red Player Play by  Email
-    false,   // 3 Blue Player vs. Red Computer
-    false,   // 4 Red Player vs. Blue Computer
+    true,    // 3 Blue Player vs. Red Computer
+    true,    // 4 Red Player vs. Blue Computer
     false,   // 5 Game Editor
     true,    // 6 Exit Game
     false,   // 7 Multi-player (Host)

@@ -294,3 +294,48 @@ TEST(Window, TheCoverShowsNothingOfEitherSide)
     player.Key(Qt::Key_Escape);
     EXPECT_EQ(DESK.CoveredFor, 0);
 }
+
+TEST(Verdict, TheVictoryStatusStaysOpenAndFollowsTheBattle)
+{
+    Player player;
+    player.Open();
+    EXPECT_TRUE(player.Choose(Cmd::VICTORY));
+    player.Wait(50);
+    auto* page = player.Window().findChild<QWidget*>(QStringLiteral("victoryPage"));
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(page->accessibleName(), QStringLiteral("The game has not begun!"));
+    for (int turn = 1; turn <= 6; ++turn) {
+        AAR[turn].BRCP = 700.0f - 40.0f * static_cast<float>(turn);
+        AAR[turn].RRCP = 900.0f - 90.0f * static_cast<float>(turn);
+    }
+    GTURN = 6;
+    VSTATUS = 5;
+    BRCP1 = 700;
+    RRCP1 = 900;
+    BRCP3 = AAR[6].BRCP;
+    RRCP3 = AAR[6].RRCP;
+    BMANL = 120;
+    RMANL = 260;
+    RARTYL = 90;
+    EXPECT_TRUE(player.Choose(Cmd::VICTORY));
+    EXPECT_EQ(page->accessibleName(), QStringLiteral("BLUE is winning a major victory!"));
+    player.Screenshot_Of(*page->window(), "victory-status");
+}
+
+TEST(Computer, AHumanPlansOneSideAndTheOtherMovesByItself)
+{
+    Player player;
+    player.Answer("Yes");
+    player.Answer_File(player.SCENARIO);
+    ASSERT_TRUE(player.Press("optGameType4"));
+    player.Wait(50);
+    ASSERT_EQ(GameLoaded, -1);
+    EXPECT_EQ(PlanSide, RED);
+    EXPECT_EQ(player.Window().windowTitle(), QStringLiteral("Stonemarch -- Red Player vs Computer"));
+    EXPECT_FALSE(Command_Allowed(Cmd::SIDE_BLUE));
+    EXPECT_FALSE(Command_Allowed(Cmd::HAND_OVER));
+    ASSERT_TRUE(player.Choose(Cmd::GO));
+    EXPECT_EQ(GTURN, 1);
+    EXPECT_EQ(ActiveSide, RED);   // the board comes back to the human
+    EXPECT_TRUE(Command_Allowed(Cmd::SIDE_RED));
+}
