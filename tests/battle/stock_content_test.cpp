@@ -145,6 +145,31 @@ TEST_F(Stock, BothForcesAreCompleteAndEveryUnitHasItsHeadquartersAndSupplierOnIt
     EXPECT_GE(Count_Used(P, 201, 400), 2);
 }
 
+TEST_F(Stock, TheCorridorHasFortyUnitsASideAndIncidentsOfManyKindsWithDestinationsForTheComputer)
+{
+    ASSERT_TRUE(Open("Halle Corridor.sce"));
+    for (const int side : {BLUE, RED}) {
+        const auto units = Units_Of(side);
+        EXPECT_GE(units.size(), 40u);
+        const auto sent =
+            std::count_if(units.begin(), units.end(), [](int u) { return UNIT[u].OX1 > 0 && UNIT[u].OY1 > 0; });
+        EXPECT_GE(sent, 10);
+    }
+    EXPECT_GE(Count_Used(OBJ, 1, MAX_OBJ), 10);
+    std::set<int> kinds, triggers, effects;
+    for (int e = 1; e <= MAX_PP; ++e) {
+        if (!Used(PP[e])) continue;
+        kinds.insert(PP[e].PPTYPE);
+        triggers.insert(PP[e].PPTRIGGER);
+        effects.insert(PP[e].PPEFFECT);
+        EXPECT_TRUE(std::filesystem::exists(home / "events" / PP[e].PPIMAGE.Str())) << PP[e].PPATYPE.Str();
+        EXPECT_GT(PP[e].PPMSG.Str().size(), 20u) << PP[e].PPATYPE.Str();
+    }
+    EXPECT_GE(kinds.size(), 12u);
+    EXPECT_EQ(triggers.size(), 4u) << "by time, any unit, supply, combat";
+    EXPECT_EQ(effects.size(), 4u) << "none, direct fire, indirect fire, mine";
+}
+
 /// The cell of a leg's nth step, by proportion.
 int Cell_Of_Step(int from_x, int from_y, int to_x, int to_y, int step, int steps)
 {

@@ -158,12 +158,19 @@ void Give_Route(const Builder& b, UNIT_RECORD& u, int row, const STATEMENT& s)
         for (std::size_t i = 1; i < s.WORDS.size(); ++i) nodes.push_back(b.Place(s, i));
     } else {
         std::vector<CELL> way{{Hex_Column(u.X), Hex_Row(u.Y)}};
+        const auto plot = [&] {
+            const std::vector<CELL> legs = Nodes_Of(row, way, ford);
+            nodes.insert(nodes.end(), legs.begin(), legs.end());
+        };
         for (std::size_t i = 1; i < s.WORDS.size(); ++i) {
             const std::vector<CELL> on = Find_Way(row, way.back(), b.Place(s, i), ford);
             if (on.empty()) throw Bad_Script(s.LINE, Cat(u.NAME.Str(), " finds no way to ", s.WORDS[i]));
             way.insert(way.end(), on.begin() + 1, on.end());
+            if (!ford) continue;   // places on the way are drawn straight, but a river is forded where it is told
+            plot();
+            way = {way.back()};
         }
-        nodes = Nodes_Of(row, way, ford);
+        if (!ford) plot();
     }
     for (const CELL& node : nodes) Add_Node(row, node, s);
     if (u.NUMBER_OF_NODES != static_cast<int>(nodes.size()))
