@@ -9,6 +9,7 @@
 #include "persist/weapons_file.h"
 #include "support/board.h"
 #include "support/log_lines.h"
+#include "support/places.h"
 #include "support/scratch.h"
 #include "terrain/grid.h"
 

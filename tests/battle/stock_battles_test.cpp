@@ -7,6 +7,7 @@
 #include "persist/program_folder.h"
 #include "persist/weapons_file.h"
 #include "support/board.h"
+#include "support/places.h"
 #include "support/scratch.h"
 
 #include <gtest/gtest.h>
