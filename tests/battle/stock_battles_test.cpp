@@ -79,7 +79,10 @@ protected:
                 side_of[UNIT[u].NAME.Str()] = UNIT[u].SIDE;
                 place[u] = {UNIT[u].X, UNIT[u].Y};
             }
-            if (!Play_Turn()) ADD_FAILURE() << "turn " << GTURN + 1;
+            if (!Play_Turn()) {
+                ADD_FAILURE() << "turn " << GTURN + 1 << " failed, position " << position;
+                break;
+            }
             for (const auto& [u, at] : place)
                 if (UNIT[u].STATUS > 0 && UNIT[u].SIZE != CONVOY && UNIT[u].MOBILITY < 3 && GTURN > 1 &&
                     at != std::pair<int, int>{UNIT[u].X, UNIT[u].Y})
