@@ -39,10 +39,11 @@ void Check_Ground_Unit(int u)
     }
 }
 
+/// 0..32767: a stock may have been drawn on by one more than it held.
 int Percent(float part, float whole)
 {
-    const float share = part / whole;
-    return Saturate_16(Round_Even(share * 100.0f));
+    const float percent = part / whole * 100.0f;
+    return percent <= 0 ? 0 : percent >= 32767.0f ? 32767 : Round_Even(percent);
 }
 
 void Deliver(int convoy)

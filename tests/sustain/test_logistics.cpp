@@ -123,6 +123,20 @@ TEST(Logistics, AConvoyForADepotPaysOutIntoItsStock)
     EXPECT_EQ(UNIT[forward].LOGSTATN, 50);
 }
 
+TEST(Logistics, ADepotThatWasOverdrawnStandsAtNothingNotBelow)
+{
+    Supply_Board board;
+    const int forward = board.Place(BLUE, 555, 155, 13);
+    UNIT[forward].LSF = 10;
+    UNIT[forward].LSF2 = -1;   // it gave all it had and one more
+    UNIT[forward].LOGUNIT = board.depot;
+    const int row = Build_Convoy(BLUE, forward, 0);
+    Place_Unit(row, 555, 150);
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[forward].LOGSTATN, 0);
+    EXPECT_EQ(UNIT[forward].LSF2, -1.0f);
+}
+
 TEST(Logistics, AConvoyWithoutACustomerSaysSoAndIsSentToADepot)
 {
     Supply_Board board;
