@@ -195,6 +195,8 @@ void Remove_Unit(int unit)
 {
     for (int row = 1; row <= MAX_MN; ++row)
         if (MN[row].MNUNIT == unit) Clear_Node(row);
+    for (UNIT_RECORD& carrier : UNIT.ROW)
+        if (carrier.PASSENGER == unit) carrier.PASSENGER = 0;   // nobody is awaited any more
     UNIT[unit] = UNIT_RECORD{};
     UNIT[unit].X = 4000;
     UNIT[unit].Y = 4000;
