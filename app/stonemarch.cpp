@@ -15,7 +15,6 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include <clocale>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -119,8 +118,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("stonemarch"));
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
-    std::setlocale(LC_ALL, "C");   // the application object has taken the user's: files know one decimal point
-    desktop::Apply_Theme(application);
+    desktop::Settle_Application(application);
 
     QSize size;
     const bool fits = Choose_Size(arguments.SIZE, size);

@@ -19,6 +19,8 @@ QKeySequence Key_Of(const char* key)
     if (name == QLatin1String("+")) return QKeySequence(Qt::Key_Plus);
     if (name == QLatin1String("-")) return QKeySequence(Qt::Key_Minus);
     name.replace(QStringLiteral(" Arrow"), QString());
+    name.replace(QStringLiteral("Page Up"), QStringLiteral("PgUp"));
+    name.replace(QStringLiteral("Page Down"), QStringLiteral("PgDown"));
     name.replace(QStringLiteral(" + "), QStringLiteral("+"));
     return QKeySequence::fromString(name, QKeySequence::PortableText);
 }
@@ -26,7 +28,7 @@ QKeySequence Key_Of(const char* key)
 bool Repeats(Cmd id)
 {
     return id == Cmd::MAP_LEFT || id == Cmd::MAP_RIGHT || id == Cmd::MAP_UP || id == Cmd::MAP_DOWN ||
-           id == Cmd::NEXT_UNIT || id == Cmd::LAST_UNIT;
+           id == Cmd::ZOOM_IN || id == Cmd::ZOOM_OUT || id == Cmd::NEXT_UNIT || id == Cmd::LAST_UNIT;
 }
 
 }   // namespace

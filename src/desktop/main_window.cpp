@@ -21,6 +21,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -221,7 +222,11 @@ void Main_Window::Beep()
 
 void Main_Window::Drawn(const Drawing& drawing) { map_->Drawn(drawing); }
 
-void Main_Window::Unit_Changed(int unit) { map_->Unit_Changed(unit, SEAT.TurnRunning); }
+void Main_Window::Unit_Changed(int unit)
+{
+    map_->Unit_Changed(unit, SEAT.TurnRunning);
+    overview_->Units_Moved();
+}
 
 void Main_Window::Changed(Redraw what)
 {
@@ -291,6 +296,7 @@ void Main_Window::Set_Title()
 }
 
 void Main_Window::Scroll_Map(int columns, int rows) { map_->Scroll_Steps(columns, rows); }
+void Main_Window::Zoom_Map(int steps) { map_->Zoom_Steps(steps, QRectF(map_->viewport()->rect()).center()); }
 void Main_Window::Show_Whole_Map() { map_->Show_Whole(); }
 void Main_Window::Show_Forces() { map_->Show_Forces(); }
 void Main_Window::Centre_Map(int x, int y) { map_->Glide_To(x, y); }
@@ -372,6 +378,16 @@ void Main_Window::Order_Menu(QPoint screen)
             menu->addAction(action);
     }
     menu->popup(screen);
+}
+
+bool Main_Window::event(QEvent* event)
+{
+    if (RECORD == nullptr || event->type() != QEvent::UpdateRequest) return QMainWindow::event(event);
+    QElapsedTimer timer;
+    timer.start();
+    const bool done = QMainWindow::event(event);
+    RECORD->push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    return done;
 }
 
 void Main_Window::closeEvent(QCloseEvent* event)

@@ -36,6 +36,8 @@ public:
     Sound_Player& Sounds() { return sounds_; }
     /// What follows once the window stands: sounds, opening sound.
     void Begin();
+    /// Milliseconds that each frame of the window took, while recording.
+    std::vector<double>* RECORD = nullptr;
 
     // Platform
     void Phase(std::string_view title) override;
@@ -57,6 +59,7 @@ public:
     void Desk_Changed() override;
     void Scroll_Map(int columns, int rows) override;
     void Show_Whole_Map() override;
+    void Zoom_Map(int steps) override;
     void Show_Forces() override;
     void Centre_Map(int x, int y) override;
     void Show_Lines(std::string_view title, const std::vector<std::string>& lines) override;
@@ -67,6 +70,7 @@ public:
     void Close() override;
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -4,10 +4,13 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
 #include <QStyleFactory>
+
+#include <clocale>
 
 namespace sm::desktop {
 
@@ -92,6 +95,12 @@ QFont Type_Font(Type size, int weight)
     return font;
 }
 
+void Settle_Application(QApplication& application)
+{
+    std::setlocale(LC_ALL, "C");
+    Apply_Theme(application);
+}
+
 void Apply_Theme(QApplication& application)
 {
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
@@ -133,13 +142,39 @@ std::string Path_From_Screen(const QString& path) { return QFile::encodeName(pat
 
 void Draw_Halo_Text(QPainter& painter, QPointF at, const QString& text, const QColor& ink, const QColor& halo)
 {
-    QPainterPath path;
-    path.addText(at, painter.font(), text);
-    painter.setPen(QPen(halo, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(path);
-    painter.setPen(ink);
-    painter.drawText(at, text);
+    // Stroking letters is dear; what is written on the map is written again in the next frame.
+    constexpr int MARGIN = 3, MOST_TEXTS = 3000;
+    static QHash<QString, QPixmap> written;
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const QString key = QStringLiteral("%1|%2|%3|%4|%5|%6")
+                            .arg(text)
+                            .arg(painter.font().pixelSize())
+                            .arg(painter.font().weight())
+                            .arg(ink.rgba())
+                            .arg(halo.rgba())
+                            .arg(ratio);
+    auto found = written.constFind(key);
+    if (found == written.constEnd()) {
+        if (written.size() >= MOST_TEXTS) written.clear();
+        const QFontMetricsF metrics(painter.font());
+        const QSizeF size(metrics.horizontalAdvance(text) + 2 * MARGIN, metrics.height() + 2 * MARGIN);
+        QPixmap pixmap((size * ratio).toSize() + QSize(1, 1));
+        pixmap.setDevicePixelRatio(ratio);
+        pixmap.fill(Qt::transparent);
+        QPainter pen(&pixmap);
+        pen.setRenderHint(QPainter::Antialiasing);
+        pen.setFont(painter.font());
+        const QPointF origin(MARGIN, MARGIN + metrics.ascent());
+        QPainterPath path;
+        path.addText(origin, painter.font(), text);
+        pen.setPen(QPen(halo, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        pen.drawPath(path);
+        pen.setPen(ink);
+        pen.drawText(origin, text);
+        found = written.insert(key, pixmap);
+    }
+    const QPointF corner = at - QPointF(MARGIN, MARGIN + QFontMetricsF(painter.font()).ascent());
+    painter.drawPixmap(QPointF(qRound(corner.x()), qRound(corner.y())), *found);
 }
 
 }   // namespace sm::desktop

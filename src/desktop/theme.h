@@ -39,6 +39,9 @@ QColor Side_Colour(int side);
 enum class Type { SMALL = 12, BODY = 13, STRONG = 14, TITLE = 17, HEADLINE = 26 };
 QFont Type_Font(Type size, int weight = QFont::Normal);
 
+/// After the application object is made: it has taken the user's locale, in which a comma may stand for the
+/// decimal point; files and messages know one. Then the theme.
+void Settle_Application(QApplication& application);
 /// Fonts, palette and style sheet of the whole program.
 void Apply_Theme(QApplication& application);
 

@@ -118,6 +118,8 @@ constexpr COMMAND TABLE[] = {
     {Cmd::MAP_UP, true, "Move map up", "", GAME_ON, [] { The_Window().Scroll_Map(0, -1); }, nullptr, nullptr},
     {Cmd::MAP_DOWN, true, "Move map down", "", GAME_ON, [] { The_Window().Scroll_Map(0, 1); }, nullptr, nullptr},
     {Cmd::WHOLE_MAP, true, "Whole Map", "Zooms out until all of the map is seen", GAME_ON, [] { The_Window().Show_Whole_Map(); }, nullptr, nullptr},
+    {Cmd::ZOOM_IN, true, "Zoom In", "", GAME_ON, [] { The_Window().Zoom_Map(1); }, nullptr, nullptr},
+    {Cmd::ZOOM_OUT, true, "Zoom Out", "", GAME_ON, [] { The_Window().Zoom_Map(-1); }, nullptr, nullptr},
     // options
     {Cmd::TURN_15, true, "15 min turn", "", NO_TURN, [] { mnuTurnLength_Click(2); }, [] { return TurnLength == 2; }, nullptr},
     {Cmd::TURN_ONE_HOUR, true, "One-hour", "", NO_TURN, [] { mnuTurnLength_Click(1); }, [] { return TurnLength == 1; }, nullptr},
@@ -151,7 +153,7 @@ constexpr MENU_ROW MENUS[] = {
     {"View", "", Cmd::VIEW_BLUE}, {"View", "", Cmd::VIEW_RED}, {"View", "", Cmd::VIEW_ALL}, {"View", "", Cmd::VIEW_DEFAULT},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::OVERLAY_1}, {"View", "", Cmd::OVERLAY_2}, {"View", "", Cmd::OVERLAY_OFF},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::RANGE_RINGS}, {"View", "", Cmd::STATUS_BOX}, {"View", "", Cmd::SITREPS}, {"View", "", Cmd::OVERVIEW},
-    {"View", "", Cmd::NONE}, {"View", "", Cmd::WHOLE_MAP}, {"View", "", Cmd::CENTRING_ON}, {"View", "", Cmd::CENTRING_OFF},
+    {"View", "", Cmd::NONE}, {"View", "", Cmd::WHOLE_MAP}, {"View", "", Cmd::ZOOM_IN}, {"View", "", Cmd::ZOOM_OUT}, {"View", "", Cmd::CENTRING_ON}, {"View", "", Cmd::CENTRING_OFF},
     {"View", "", Cmd::NONE}, {"View", "", Cmd::VICTORY}, {"View", "", Cmd::GAME_DATA},
 
     {"Options", "Turn Length", Cmd::TURN_15}, {"Options", "Turn Length", Cmd::TURN_ONE_HOUR},
@@ -199,6 +201,8 @@ constexpr KEY_ROW KEYS[] = {
     {"CTRL + N", "Start a new game", Cmd::NEW_GAME},
     {"CTRL + Return", "Advance game turn", Cmd::GO},
     {"Home", "Whole map", Cmd::WHOLE_MAP},
+    {"Page Up", "Zoom in", Cmd::ZOOM_IN},
+    {"Page Down", "Zoom out", Cmd::ZOOM_OUT},
     {"R", "Range rings", Cmd::RANGE_RINGS},
     {"O", "Overview map", Cmd::OVERVIEW},
     {"F1", "Help", Cmd::HELP_TURN},

@@ -62,6 +62,8 @@ enum class Cmd {
     MAP_UP,
     MAP_DOWN,
     WHOLE_MAP,
+    ZOOM_IN,
+    ZOOM_OUT,
     // options
     TURN_15,
     TURN_ONE_HOUR,

@@ -38,7 +38,8 @@ public:
     virtual void Desk_Changed() {}
     virtual void Scroll_Map(int /*columns*/, int /*rows*/) {}   ///< in scrolling steps
     virtual void Show_Whole_Map() {}
-    virtual void Show_Forces() {}   ///< the forces in the middle of the map, near enough to be read
+    virtual void Zoom_Map(int /*steps*/) {}   ///< in above 0, out below
+    virtual void Show_Forces() {}             ///< the forces in the middle of the map, near enough to be read
     virtual void Centre_Map(int /*x*/, int /*y*/) {}   ///< picture pixels
     virtual void Show_Lines(std::string_view /*title*/, const std::vector<std::string>& /*lines*/) {}
     virtual void Show_Help(std::string_view /*file*/, std::string_view /*title*/) {}

@@ -77,6 +77,7 @@ void Open_Orders(int side)
     DESK.PALETTE = Palette::ORDERS;
     DESK.LastSide = side;
     DESK.PLANNED[side] = true;
+    Show_Status(Cat(side == BLUE ? "Blue" : "Red", " gives its orders: click a unit, then M plots its route."));
 }
 
 void Begin_Planning_Round()

@@ -29,6 +29,15 @@ namespace sm::test {
 
 using namespace desktop;
 
+class Player::Hurried_Window : public Main_Window {
+public:
+    Hurried_Window(QSize size, const int& longest) : Main_Window(size), longest_(longest) {}
+    void Delay(int milliseconds) override { Main_Window::Delay(std::min(milliseconds, longest_)); }
+
+private:
+    const int& longest_;
+};
+
 Player::Player(QSize size)
 {
     SCENARIO = Save_Small_Battle(HOME).string();
@@ -36,7 +45,7 @@ Player::Player(QSize size)
     Set_Start_Defaults();
     SEAT.WritesFiles = true;
     Forget_Symbols();
-    window_ = std::make_unique<Main_Window>(size);
+    window_ = std::make_unique<Hurried_Window>(size, LONGEST_WAIT);
     window_->show();
     window_->activateWindow();
     dialogs_ = std::make_unique<QTimer>();

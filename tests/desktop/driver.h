@@ -26,6 +26,8 @@ public:
     ~Player();
 
     desktop::Main_Window& Window() { return *window_; }
+    /// Longest wait in milliseconds that Delay is given: the tests' time, not the player's.
+    int LONGEST_WAIT = 80;
     desktop::Map_View& Map();
 
     /// Lets the window work until nothing is pending, or for so long.
@@ -61,6 +63,7 @@ public:
 
 private:
     void Meet_Dialogs();
+    class Hurried_Window;
     std::unique_ptr<desktop::Main_Window> window_;
     std::vector<std::pair<bool, std::string>> answers_;   // whether a file
     std::unique_ptr<class QTimer> dialogs_;

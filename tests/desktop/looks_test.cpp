@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 using namespace sm;
 using namespace sm::test;
 
@@ -151,4 +153,20 @@ TEST(Looks, SheetsAndBoxes)
     shoot_modal("box-file");
     cmdSavegame_Click();
     EXPECT_EQ(player.UNEXPECTED, 0);
+}
+
+TEST(Looks, TheStockScenario)
+{
+    Player player;
+    std::filesystem::copy_file(std::filesystem::path(STONEMARCH_HOME_DIR) / "Scenarios" / "Saale Crossing.sce",
+                               player.HOME / "Scenarios" / "Saale Crossing.sce");
+    player.Open((player.HOME / "Scenarios" / "Saale Crossing.sce").string());
+    ASSERT_EQ(GameLoaded, -1);
+    player.Screenshot("stock-blue");
+    player.Choose(Cmd::VIEW_ALL);
+    player.Choose(Cmd::WHOLE_MAP);
+    player.Screenshot("stock-all");
+    player.Choose(Cmd::GO);
+    EXPECT_EQ(GTURN, 1);
+    player.Screenshot("stock-after");
 }

@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-#include <clocale>
-
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
@@ -13,7 +11,6 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     sm::desktop::Sound_Player::Choose_Backend();
     QApplication application(argc, argv);
-    std::setlocale(LC_ALL, "C");
-    sm::desktop::Apply_Theme(application);
+    sm::desktop::Settle_Application(application);
     return RUN_ALL_TESTS();
 }

@@ -77,11 +77,10 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
     EXPECT_EQ(UNIT[302].NUMBER_OF_NODES, 2);
     look("6-red");
 
-    MessageDelay = 100;   // the test's time, not the player's
     const int blue_x = UNIT[2].X, red_x = UNIT[302].X;
     player.Map().Set_Zoom(1.5, QPointF(400, 300));
     player.Map().Go_To(500, 490);
-    // Half a second into the march a picture of it is taken.
+    // In the middle of the march a picture of it is taken.
     bool seen = false;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {

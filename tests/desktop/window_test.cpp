@@ -5,16 +5,19 @@
 #include "core/shared.h"
 #include "core/state_hash.h"
 #include "desktop/map/map_view.h"
+#include "desktop/theme.h"
 #include "support/board.h"
 #include "ui/desk.h"
 #include "ui/game_commands.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
 #include <filesystem>
 
@@ -137,7 +140,7 @@ TEST(Window, ClosingInMidTurnAsksAndTheProgramEndsWithWholeFiles)
 {
     Player player(SMALL);
     player.Open();
-    MessageDelay = 100;
+    player.LONGEST_WAIT = 500;
     bool closed = false;
     QTimer::singleShot(300, &player.Window(), [&] {
         EXPECT_TRUE(SEAT.TurnRunning);
@@ -184,6 +187,7 @@ TEST(Window, NothingThatIsDoneWhileATurnWaitsChangesTheGame)
         player.Key(Qt::Key_Plus);
         player.Wheel(QPoint(100, 100), 2);
     });
+    player.LONGEST_WAIT = 250;
     Delay(250);
     SEAT.TurnRunning = false;
     EXPECT_EQ(State_Hash(), before);
@@ -191,9 +195,18 @@ TEST(Window, NothingThatIsDoneWhileATurnWaitsChangesTheGame)
     EXPECT_EQ(player.UNEXPECTED, 0);
 }
 
+TEST(Window, TheUsersLocaleNeverReachesNumbers)
+{
+    std::setlocale(LC_ALL,
+                   "C.UTF-8");   // as an application object leaves it; any but "C" may bring a decimal comma
+    desktop::Settle_Application(*qApp);
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+}
+
 TEST(Window, DelayLastsAsLongAsItIsTold)
 {
     Player player(SMALL);
+    player.LONGEST_WAIT = 10000;
     QElapsedTimer timer;
     timer.start();
     Delay(180);

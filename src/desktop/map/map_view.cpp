@@ -11,6 +11,7 @@
 #include "ui/map_click.h"
 #include "ui/plot.h"
 
+#include <QCoreApplication>
 #include <QGraphicsItem>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -170,16 +171,16 @@ void Map_View::drawBackground(QPainter* painter, const QRectF& rect)
 
 void Map_View::paintEvent(QPaintEvent* event)
 {
-    QElapsedTimer timer;
-    timer.start();
     QGraphicsView::paintEvent(event);
-    if (RECORD != nullptr) RECORD->push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     since_frame_.restart();
 }
 
 void Map_View::Paint_If_Due()
 {
-    if (since_frame_.elapsed() >= FRAME_MILLISECONDS * 2 && isVisible()) viewport()->repaint();
+    if (since_frame_.elapsed() < FRAME_MILLISECONDS * 2 || !isVisible()) return;
+    viewport()->update();
+    QEvent now(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(window(), &now);
 }
 
 // ---------------------------------------------------------------------------------------------- moving the view
@@ -209,6 +210,15 @@ void Map_View::Set_Zoom(qreal zoom, QPointF anchor)
     if (On_View_Moved) On_View_Moved();
 }
 
+void Map_View::Zoom_Steps(qreal steps, QPointF anchor)
+{
+    fitted_ = false;
+    const qreal from = zoom_target_ > 0 ? zoom_target_ : Zoom();
+    zoom_target_ = std::clamp(from * std::pow(ZOOM_STEP, steps), Least_Zoom(), GREATEST_ZOOM);
+    zoom_anchor_ = anchor;
+    Animate();
+}
+
 void Map_View::Move_By(QPointF d)
 {
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(d.x()));
@@ -230,18 +240,25 @@ void Map_View::Show_Whole()
 void Map_View::Show_Forces()
 {
     QRectF forces;
+    const QRectF picture(0, 0, Picture_Width(), Picture_Height());
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (!SEAT.PICTURE[u] || UNIT[u].TYPE == 50) continue;   // a line of communication lies at the map's edge
+        // A line of communication lies at the map's edge; what is to arrive or attached stands off the picture.
+        if (!SEAT.PICTURE[u] || UNIT[u].TYPE == 50 || !picture.contains(UNIT[u].X, UNIT[u].Y)) continue;
         forces |= QRectF(UNIT[u].X - 0.5, UNIT[u].Y - 0.5, 1, 1);
     }
     Show_Whole();
     if (forces.isEmpty()) return;
     const QRectF room = forces.adjusted(-80, -80, 80, 80);
     const qreal fit = std::min(viewport()->width() / room.width(), viewport()->height() / room.height());
-    const qreal fill =
-        std::max(viewport()->width() / qreal(Picture_Width()), viewport()->height() / qreal(Picture_Height()));
+    const qreal fill = std::max(viewport()->width() / picture.width(), viewport()->height() / picture.height());
     Set_Zoom(std::clamp(fit, fill, 2.0), QPointF());
-    Go_To(forces.center().x(), forces.center().y());
+    // The forces in the middle, but no bare ground beyond the map's edge while there is map to show.
+    const QSizeF half = QSizeF(viewport()->size()) / Zoom() / 2;
+    const auto within = [](qreal at, qreal half_view, qreal length) {
+        return 2 * half_view >= length ? length / 2 : std::clamp(at, half_view, length - half_view);
+    };
+    Go_To(within(forces.center().x(), half.width(), picture.width()),
+          within(forces.center().y(), half.height(), picture.height()));
 }
 
 void Map_View::Go_To(qreal x, qreal y)
@@ -413,11 +430,7 @@ void Map_View::wheelEvent(QWheelEvent* event)
         glide_ -= QPointF(angle.y() != 0 ? angle.y() : angle.x(), 0);
         Animate();
     } else if (angle.y() != 0) {
-        fitted_ = false;
-        const qreal from = zoom_target_ > 0 ? zoom_target_ : Zoom();
-        zoom_target_ = std::clamp(from * std::pow(ZOOM_STEP, angle.y() / 120.0), Least_Zoom(), GREATEST_ZOOM);
-        zoom_anchor_ = event->position();
-        Animate();
+        Zoom_Steps(angle.y() / 120.0, event->position());
     }
     event->accept();
 }

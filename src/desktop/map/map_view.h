@@ -34,6 +34,7 @@ public:
     qreal Zoom() const;
     QRectF Seen() const;   ///< picture pixels
     void Set_Zoom(qreal zoom, QPointF anchor);
+    void Zoom_Steps(qreal steps, QPointF anchor);   ///< smoothly
     void Show_Whole();
     /// The forces in the middle, the view filled with map.
     void Show_Forces();
@@ -47,8 +48,6 @@ public:
     const Ground& The_Ground() const { return ground_; }
     /// Paints now, outside the event loop, when the last frame is older than a screen's.
     void Paint_If_Due();
-    /// Milliseconds that painting took, one entry a frame, while recording.
-    std::vector<double>* RECORD = nullptr;
 
 protected:
     void drawBackground(QPainter* painter, const QRectF& rect) override;

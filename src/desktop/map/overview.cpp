@@ -15,6 +15,10 @@ namespace sm::desktop {
 Overview::Overview(Map_View& map, QWidget* parent) : QWidget(parent), map_(map)
 {
     setObjectName(QStringLiteral("overview"));
+    setAttribute(Qt::WA_OpaquePaintEvent);   // the map below need not be painted for it
+    later_.setSingleShot(true);
+    later_.setInterval(250);
+    connect(&later_, &QTimer::timeout, this, [this] { update(); });
     setToolTip(QStringLiteral("Click or drag to look elsewhere"));
 }
 
@@ -32,9 +36,15 @@ void Overview::Take_Game()
     update();
 }
 
+void Overview::Units_Moved()
+{
+    if (!later_.isActive()) later_.start();
+}
+
 void Overview::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    painter.fillRect(rect(), colour::SLATE);
     if (GameLoaded == 0) return;
     const QRectF area = Picture_Area();
     const qreal ratio = devicePixelRatioF();
@@ -50,9 +60,7 @@ void Overview::paintEvent(QPaintEvent*)
     }
     painter.setPen(QPen(colour::SLATE, 2));
     painter.drawRect(area.adjusted(1, 1, -1, -1));
-    painter.setOpacity(0.94);
     painter.drawPixmap(area.adjusted(2, 2, -2, -2), small_, QRectF(small_.rect()));
-    painter.setOpacity(1);
     const qreal scale = area.width() / std::max(1, Picture_Width());
     const auto at = [&](qreal x, qreal y) { return area.topLeft() + QPointF(x, y) * scale; };
     for (int u = 1; u <= MAX_UNIT; ++u) {

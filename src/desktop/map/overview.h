@@ -1,6 +1,7 @@
 #pragma once
 #include "desktop/map/map_view.h"
 
+#include <QTimer>
 #include <QWidget>
 
 namespace sm::desktop {
@@ -11,6 +12,8 @@ public:
     explicit Overview(Map_View& map, QWidget* parent = nullptr);
     /// Another map: the small picture is made anew.
     void Take_Game();
+    /// Units have moved: it is drawn again soon, a few times a second.
+    void Units_Moved();
     QSize sizeHint() const override { return {200, 200}; }
 
 protected:
@@ -24,6 +27,7 @@ private:
 
     Map_View& map_;
     QPixmap small_;
+    QTimer later_;
 };
 
 }   // namespace sm::desktop

@@ -135,12 +135,16 @@ void Header_Bar::Refresh()
                   .arg(Side_Colour(side).name()));
     const QString ink = QStringLiteral("color: %1;").arg((night_ ? colour::NIGHT_INK : colour::DAY_INK).name());
     for (QLabel* l : {turn_, clock_, date_, wind_, light_, phase_}) l->setStyleSheet(ink);
+    if (!SEAT.TurnRunning) phase_->clear();
     right_->setCurrentIndex(SEAT.TurnRunning ? 1 : 0);
     right_->setVisible(game);
     update();
 }
 
-void Header_Bar::Phase(const QString& title) { phase_->setText(title); }
+void Header_Bar::Phase(const QString& title)
+{
+    if (SEAT.TurnRunning) phase_->setText(title);
+}
 
 void Header_Bar::Progress(int value, int maximum)
 {

@@ -46,7 +46,10 @@ void Message_Model::Refresh()
         beginInsertRows({}, static_cast<int>(rows_.size()), static_cast<int>(rows.size()) - 1);
         rows_ = std::move(rows);
         endInsertRows();
-    } else if (rows != rows_ || !rows.empty()) {
+    } else if (rows == rows_) {
+        // The same rows may hold the next turn's reports.
+        if (!rows_.empty()) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, COLUMNS - 1));
+    } else {
         beginResetModel();
         rows_ = std::move(rows);
         endResetModel();
