@@ -11,6 +11,7 @@
 #include "desktop/theme.h"
 #include "persist/program_folder.h"
 #include "support/board.h"
+#include "support/places.h"
 #include "support/small_battle.h"
 #include "ui/desk.h"
 #include "ui/game_commands.h"

@@ -1,5 +1,7 @@
 #include "driver.h"
 
+#include "support/places.h"
+
 #include "core/game_state.h"
 #include "core/seat.h"
 #include "core/session.h"

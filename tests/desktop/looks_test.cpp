@@ -8,6 +8,7 @@
 #include "core/shared.h"
 #include "desktop/dialogs/boxes.h"
 #include "desktop/map/map_view.h"
+#include "support/places.h"
 #include "ui/desk.h"
 #include "ui/game_commands.h"
 #include "ui/options.h"

@@ -3,6 +3,7 @@
 #include "core/game_state.h"
 #include "core/seat.h"
 #include "desktop/map/map_view.h"
+#include "support/places.h"
 #include "ui/desk.h"
 
 #include <QTimer>
