@@ -1,17 +1,11 @@
 // The stock scenario "Fires", played to its end: every kind of fire that it orders can be read.
 
 #include "core/game_state.h"
-#include "core/session.h"
 #include "core/turn_driver.h"
-#include "persist/program_folder.h"
-#include "persist/weapons_file.h"
 #include "support/board.h"
-#include "support/places.h"
-#include "support/scratch.h"
+#include "support/stock_game.h"
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
 
 using namespace sm;
 using namespace sm::test;
@@ -23,24 +17,14 @@ class Fires_Scenario : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
-        const std::filesystem::path home = STONEMARCH_HOME_DIR;
         Clear_Game();
         Use_Screen(&SCREEN);
-        Set_Program_Folder(home);
-        Set_Start_Defaults();
-        ASSERT_TRUE(Read_Stock_Weapons());
-        Choose_Game_Type(0);
-        GameFileName = (home / "Scenarios" / "Fires.sce").string();
-        ASSERT_TRUE(Load_Game());
-        const Scratch_Folder folder;
-        ASSERT_EQ(Make_Program_Folder(folder.Path(), ""), "");
-        for (const char* part : {"Maps", "Terrain"})
-            std::filesystem::copy(home / part, folder / part, std::filesystem::copy_options::recursive);
-        Set_Program_Folder(folder.Path());
+        ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("Fires.sce"));
+        const Own_Program_Folder folder;
+        folder.Use();
         WAITING = UNIT[Row_Of("A/1 Avn (NAI)")].MOVESTATUS;
         SCREEN.RECORDING = true;
         for (int turn = 1; turn <= 6; ++turn) ASSERT_TRUE(Play_Turn());
-        Set_Program_Folder(home);
     }
     static void TearDownTestSuite()
     {

@@ -2,21 +2,16 @@
 // read.
 
 #include "core/game_state.h"
-#include "core/session.h"
 #include "core/turn_driver.h"
 #include "events/events.h"
-#include "persist/program_folder.h"
-#include "persist/weapons_file.h"
 #include "support/board.h"
 #include "support/log_lines.h"
-#include "support/places.h"
-#include "support/scratch.h"
+#include "support/stock_game.h"
 #include "terrain/grid.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
@@ -98,20 +93,11 @@ class River_Scenario : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
-        const std::filesystem::path home = STONEMARCH_HOME_DIR;
         Clear_Game();
         Use_Screen(&SCREEN);
-        Set_Program_Folder(home);
-        Set_Start_Defaults();
-        ASSERT_TRUE(Read_Stock_Weapons());
-        Choose_Game_Type(0);
-        GameFileName = (home / "Scenarios" / "River.sce").string();
-        ASSERT_TRUE(Load_Game());
-        const Scratch_Folder folder;
-        ASSERT_EQ(Make_Program_Folder(folder.Path(), ""), "");
-        for (const char* part : {"Maps", "Terrain"})
-            std::filesystem::copy(home / part, folder / part, std::filesystem::copy_options::recursive);
-        Set_Program_Folder(folder.Path());
+        ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("River.sce"));
+        const Own_Program_Folder folder;
+        folder.Use();
         ATTACKER = SCENARIOT;
         SCREEN.RECORDING = true;
         const Log_Lines log;
@@ -122,7 +108,6 @@ protected:
             TURNS.push_back(Look());
         }
         LOG = log.All();
-        Set_Program_Folder(home);
     }
     static void TearDownTestSuite()
     {

@@ -2,18 +2,13 @@
 // battle of each of them. `stonemarch-battle odds` tells the same of all 100 positions.
 
 #include "core/game_state.h"
-#include "core/session.h"
 #include "core/turn_driver.h"
-#include "persist/program_folder.h"
-#include "persist/weapons_file.h"
 #include "support/board.h"
-#include "support/places.h"
-#include "support/scratch.h"
+#include "support/stock_game.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <utility>
@@ -39,27 +34,18 @@ protected:
     {
         Clear_Game();
         Use_Screen(&screen);
-        for (const char* part : {"Maps", "Terrain"})
-            std::filesystem::copy(home / part, folder / part, std::filesystem::copy_options::recursive);
     }
     ~Stock_Battles() override
     {
         Use_Screen(nullptr);
-        Set_Program_Folder(home);
         Clear_Game();
     }
 
     /// The first turn by the plotted orders, as in every battle against the computer; the others by its own.
     BATTLE Fight(int position)
     {
-        Set_Program_Folder(home);
-        Set_Start_Defaults();
-        EXPECT_TRUE(Read_Stock_Weapons());
-        Choose_Game_Type(0);
-        GameFileName = (home / "Scenarios" / GetParam()).string();
-        EXPECT_TRUE(Load_Game());
-        EXPECT_EQ(Make_Program_Folder(folder.Path(), ""), "");
-        Set_Program_Folder(folder.Path());
+        Open_Stock_Scenario(GetParam());
+        folder.Use();
         RSEED = position;
         BATTLE battle;
         std::array<int, MAX_OBJ + 1> holder{};
@@ -115,8 +101,7 @@ private:
         return found == side_of.end() ? 0 : found->second;
     }
 
-    const std::filesystem::path home = STONEMARCH_HOME_DIR;
-    const Scratch_Folder folder;
+    const Own_Program_Folder folder;
     Headless_Platform screen;
     std::map<std::string, int> side_of;
 };

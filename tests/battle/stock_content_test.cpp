@@ -2,13 +2,12 @@
 
 #include "core/game_state.h"
 #include "core/icon_names.h"
-#include "core/session.h"
 #include "core/turn_driver.h"
 #include "persist/program_folder.h"
 #include "persist/weapons_file.h"
 #include "support/board.h"
 #include "support/places.h"
-#include "support/scratch.h"
+#include "support/stock_game.h"
 #include "terrain/grid.h"
 
 #include <gtest/gtest.h>
@@ -40,15 +39,6 @@ protected:
         Use_Screen(nullptr);
         Clear_Game();
     }
-    bool Open(const char* scenario)
-    {
-        Set_Start_Defaults();
-        EXPECT_TRUE(Read_Stock_Weapons());
-        Choose_Game_Type(0);
-        GameFileName = (home / "Scenarios" / scenario).string();
-        return Load_Game();
-    }
-
     const std::filesystem::path home = STONEMARCH_HOME_DIR;
     Headless_Platform screen;
 };
@@ -101,7 +91,7 @@ TEST_F(Stock, TheWeaponsFileBeginsWithTheUnitBuildersDefaultAndHasEveryRoleAndSi
 
 TEST_F(Stock, BothForcesAreCompleteAndEveryUnitHasItsHeadquartersAndSupplierOnItsOwnSide)
 {
-    ASSERT_TRUE(Open("Saale Crossing.sce"));
+    ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("Saale Crossing.sce"));
     EXPECT_EQ(MAXGTURN, 15);
     EXPECT_EQ(UNIT[300].TYPE, LOC);
     EXPECT_EQ(UNIT[600].TYPE, LOC);
@@ -147,7 +137,7 @@ TEST_F(Stock, BothForcesAreCompleteAndEveryUnitHasItsHeadquartersAndSupplierOnIt
 
 TEST_F(Stock, TheCorridorHasFortyUnitsASideAndIncidentsOfManyKindsWithDestinationsForTheComputer)
 {
-    ASSERT_TRUE(Open("Halle Corridor.sce"));
+    ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("Halle Corridor.sce"));
     for (const int side : {BLUE, RED}) {
         const auto units = Units_Of(side);
         EXPECT_GE(units.size(), 40u);
@@ -181,7 +171,7 @@ int Cell_Of_Step(int from_x, int from_y, int to_x, int to_y, int step, int steps
 
 TEST_F(Stock, EveryGroundRouteCrossesTheRiversByBridgesAndStaysOffImpassableGround)
 {
-    ASSERT_TRUE(Open("Saale Crossing.sce"));
+    ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("Saale Crossing.sce"));
     int legs = 0, bridges = 0;
     for (int u = 1; u <= MAX_UNIT; ++u) {
         const UNIT_RECORD& r = UNIT[u];
@@ -211,12 +201,9 @@ TEST_F(Stock, EveryGroundRouteCrossesTheRiversByBridgesAndStaysOffImpassableGrou
 TEST_F(Stock, AfterTenTurnsSomeUnitsOfBothSidesHaveArrivedAndOthersStillMarch)
 {
     // a turn writes an autosave and a tape: it is played in a folder of its own
-    const Scratch_Folder folder;
-    ASSERT_EQ(Make_Program_Folder(folder.Path(), ""), "");
-    for (const char* part : {"Maps", "Terrain"})
-        std::filesystem::copy(home / part, folder / part, std::filesystem::copy_options::recursive);
-    ASSERT_TRUE(Open("Saale Crossing.sce"));
-    Set_Program_Folder(folder.Path());
+    const Own_Program_Folder folder;
+    ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("Saale Crossing.sce"));
+    folder.Use();
     std::set<int> ordered;
     for (int u = 1; u <= MAX_UNIT; ++u)
         if (UNIT[u].STATUS > 0 && UNIT[u].NUMBER_OF_NODES > 0 && UNIT[u].MOBILITY < 3) ordered.insert(u);
