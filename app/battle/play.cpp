@@ -120,6 +120,7 @@ int Play(const Arguments& a)
     if (!a.REPORT.empty()) {
         Write_Out(a.REPORT + ".txt", Report_Text(record));
         Write_Out(a.REPORT + ".html", Report_Html(record));
+        if (!a.QUIET) Print_Line(Cat("After-action report: ", a.REPORT, ".txt and ", a.REPORT, ".html"));
     }
     Use_Screen(nullptr);
     if (!sound) throw Refusal{"a turn failed; the log in the program folder tells where"};
