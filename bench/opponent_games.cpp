@@ -81,9 +81,10 @@ void Make_Convoy_Game()
 
 void Plan_300_Routes()
 {
+    const ROUTE_GROUND ground;
     for (int u = 1; u <= SIDE_UNITS; ++u) {
         Clear_Route(u);
-        Plan_Route(u);
+        Plan_Route(u, ground);
     }
 }
 

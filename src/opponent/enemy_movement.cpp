@@ -68,7 +68,7 @@ void Fall_Back(int u)
     }
 }
 
-void Plan_Ground_Unit(const PLAN& plan, int u)
+void Plan_Ground_Unit(const PLAN& plan, int u, const ROUTE_GROUND& ground)
 {
     UNIT_RECORD& unit = UNIT[u];
     if ((unit.TYPE == 6 || unit.TYPE == 24) && unit.LOGSTATN > 1) Screen_Here(u);
@@ -77,7 +77,7 @@ void Plan_Ground_Unit(const PLAN& plan, int u)
     Take_Stance(u);
     if (unit.AIACTION == RETREAT || plan.FORCE == 2) Fall_Back(u);
     if (unit.SIZE == 100) Aim_Convoy(u);
-    if (unit.OX1 > 0 && unit.OY1 >= 1 && GTURN >= 2) Plan_Route(u);
+    if (unit.OX1 > 0 && unit.OY1 >= 1 && GTURN >= 2) Plan_Route(u, ground);
 }
 
 // ------------------------------------------------------------------------------------------------------- air assault
@@ -144,11 +144,12 @@ void Plan_Strike_Flight(int u)
 
 void Plan_Movement(const PLAN& plan)
 {
+    const ROUTE_GROUND ground;
     for (int u = 1; u <= MAX_UNIT; ++u) {
         UNIT_RECORD& unit = UNIT[u];
         if (unit.TYPE == 50 || unit.SIDE != plan.SIDE || unit.STATUS < 1) continue;
         unit.UCONTROL = 1;
-        if (unit.MOBILITY != 3 && unit.LOGSTATN >= 1) Plan_Ground_Unit(plan, u);
+        if (unit.MOBILITY != 3 && unit.LOGSTATN >= 1) Plan_Ground_Unit(plan, u, ground);
         if (unit.TYPE == 11) Plan_Strike_Flight(u);
         if (unit.TYPE == 12) Plan_Air_Assault(u);
     }

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <vector>
 
 namespace sm {
 
@@ -43,46 +42,26 @@ int Deterrent(int unit, int value)
     return 0;
 }
 
-/// Cost of each terrain value for one unit, worked out once for the thousands of samples of a plan.
+/// Cost of each kind of ground for one unit, worked out once for the thousands of samples of a plan.
 struct COSTS {
     static constexpr int CARRY = -1;   ///< a value without a rule costs what the cell before it cost
-    int ENTER[32];
-    int ADDED[32];
+    int ENTER[ROUTE_GROUND::KINDS];
+    int ADDED[ROUTE_GROUND::KINDS];
+    int LEAST = OUTSIDE_COST;          ///< no sample of this ground costs less
 
-    explicit COSTS(int unit)
+    COSTS(int unit, const ROUTE_GROUND& ground)
     {
-        for (int value = 0; value < 32; ++value) {
-            const int low = Terrain_Cost(unit, value, 0), high = Terrain_Cost(unit, value, 1);
-            ENTER[value] = low == high ? low : CARRY;
-            ADDED[value] = Deterrent(unit, value);
+        for (int kind = 0; kind < ROUTE_GROUND::KINDS; ++kind) {
+            const int low = Terrain_Cost(unit, kind, 0), high = Terrain_Cost(unit, kind, 1);
+            ENTER[kind] = low == high ? low : CARRY;
+            ADDED[kind] = Deterrent(unit, kind);
+            if (kind == ROUTE_GROUND::OUTSIDE) {
+                ENTER[kind] = 0;
+                ADDED[kind] = OUTSIDE_COST;
+            } else if (ground.PRESENT[kind]) {
+                LEAST = std::min(LEAST, ENTER[kind] == CARRY ? 0 : ENTER[kind] + ADDED[kind]);
+            }
         }
-    }
-};
-
-/// Cells by pixel, worked out once for a map: a plan asks for tens of thousands of them.
-struct GRID {
-    int WIDTH = 0, HEIGHT = 0, EDGE = 0;
-    float ROWS = 0;
-    bool WHOLE = true;               ///< a grid of a broken number of rows is not a sum of the two below
-    std::vector<int> COLUMN_START;   ///< by x: number of the cell above the column's first
-    std::vector<int> ROW;            ///< by y
-
-    static const GRID& Of_Map()
-    {
-        static GRID grid;
-        const int width = Picture_Width(), height = Picture_Height();
-        if (grid.WIDTH == width && grid.HEIGHT == height && grid.EDGE == HEXWIDTH && grid.ROWS == NUMROWS) return grid;
-        grid = {width, height, HEXWIDTH, NUMROWS, std::floor(NUMROWS) == NUMROWS, {}, {}};
-        for (int x = 0; x < width; ++x) grid.COLUMN_START.push_back(Hex_Of(Hex_Column(x), 0));
-        for (int y = 0; y < height; ++y) grid.ROW.push_back(Hex_Row(y));
-        return grid;
-    }
-    /// Hex_Number of the point.
-    int Cell(int x, int y) const
-    {
-        if (x < 0 || y < 0 || x >= WIDTH || y >= HEIGHT) return 0;
-        if (!WHOLE) return Hex_Number(x, y);
-        return COLUMN_START[static_cast<std::size_t>(x)] + ROW[static_cast<std::size_t>(y)];
     }
 };
 
@@ -94,40 +73,43 @@ int Round_Coordinate(float value)
     return static_cast<int>((value + NO_ROOM_FOR_A_FRACTION) - NO_ROOM_FOR_A_FRACTION);
 }
 
-int Cost_Of_Line(const COSTS& costs, int from_x, int from_y, int to_x, int to_y, bool stop_at_bridge, int limit)
-{
-    const GRID& grid = GRID::Of_Map();
-    const int columns = std::abs(Hex_Column(to_x) - Hex_Column(from_x));
-    const int rows = std::abs(Hex_Row(to_y) - Hex_Row(from_y));
-    const int steps = std::max({columns, rows, 1});
-    const float across = static_cast<float>(to_x - from_x), down = static_cast<float>(to_y - from_y);
-    int total = 0, carried = 0;
-    for (int i = 1; i <= steps && total < limit; ++i) {
-        const float share = static_cast<float>(i) / static_cast<float>(steps);
-        const int hex = grid.Cell(Round_Coordinate(static_cast<float>(from_x) + share * across),
-                                  Round_Coordinate(static_cast<float>(from_y) + share * down));
-        if (hex == 0) {
-            total += OUTSIDE_COST;
-            continue;
-        }
-        const int value = Cell_Value(hex);
-        if (value >= 0 && value < 32) {
-            if (costs.ENTER[value] != COSTS::CARRY) carried = costs.ENTER[value];
-            total += carried + costs.ADDED[value];
-        } else {
-            total += carried;
-        }
-        if (value == BRIDGE && stop_at_bridge) break;
-    }
-    return total;
-}
-
-struct CANDIDATE {
+struct POINT {
     int X, Y;
 };
 
+int Samples_Between(POINT from, POINT to)
+{
+    return std::max({std::abs(Hex_Column(to.X) - Hex_Column(from.X)), std::abs(Hex_Row(to.Y) - Hex_Row(from.Y)), 1});
+}
+
+/// One planner's view: a unit's costs on the ground.
+struct SURVEY {
+    const ROUTE_GROUND& GROUND;
+    const COSTS COST;
+
+    /// Cost of the straight line. The walk ends early, with some sum of `limit` or more, once it is sure to reach that.
+    int Line(POINT from, POINT to, bool stop_at_bridge, int limit = 2147483647) const
+    {
+        const int samples = Samples_Between(from, to);
+        const float across = static_cast<float>(to.X - from.X), down = static_cast<float>(to.Y - from.Y);
+        // A line that is walked to its end costs at least this, whatever it meets: the sum begins with it.
+        const int least = stop_at_bridge ? 0 : COST.LEAST;
+        int total = least * samples, carried = 0;
+        for (int i = 1; i <= samples && total < limit; ++i) {
+            const float share = static_cast<float>(i) / static_cast<float>(samples);
+            const int kind = GROUND.Kind(Round_Coordinate(static_cast<float>(from.X) + share * across),
+                                         Round_Coordinate(static_cast<float>(from.Y) + share * down));
+            const int enter = COST.ENTER[kind] == COSTS::CARRY ? carried : COST.ENTER[kind];
+            if (kind != ROUTE_GROUND::OUTSIDE) carried = enter;
+            total += enter + COST.ADDED[kind] - least;
+            if (kind == BRIDGE && stop_at_bridge) break;
+        }
+        return total;
+    }
+};
+
 /// The point at a fraction f of the way, a degrees off by compass.
-CANDIDATE Point_Towards(int x, int y, int a, int distance, float f)
+POINT Point_Towards(POINT from, int a, int distance, float f)
 {
     const double angle = a * 3.14 / 180;
     const float sine = static_cast<float>(std::fabs(std::sin(angle)));
@@ -135,7 +117,7 @@ CANDIDATE Point_Towards(int x, int y, int a, int distance, float f)
     const float across = sine * static_cast<float>(distance), along = cosine * static_cast<float>(distance);
     const int dx = Round_Even(across * f), dy = Round_Even(along * f);
     const bool east = a <= 180, south = a > 90 && a <= 270;
-    return {east ? x + dx : x - dx, south ? y + dy : y - dy};
+    return {east ? from.X + dx : from.X - dx, south ? from.Y + dy : from.Y - dy};
 }
 
 }   // namespace
@@ -150,9 +132,24 @@ bool Manoeuvre_Role(int type)
     return std::find(std::begin(MANOEUVRE_ROLES), std::end(MANOEUVRE_ROLES), type) != std::end(MANOEUVRE_ROLES);
 }
 
-int Route_Cost(int unit, int from_x, int from_y, int to_x, int to_y, bool stop_at_bridge, int limit)
+ROUTE_GROUND::ROUTE_GROUND()
+    : WIDTH(Picture_Width()), HEIGHT(Picture_Height()), CELLS(std::max(0, HEXCOUNT)), WHOLE(std::floor(NUMROWS) == NUMROWS)
 {
-    return Cost_Of_Line(COSTS(unit), from_x, from_y, to_x, to_y, stop_at_bridge, limit);
+    for (int x = 0; x < WIDTH; ++x) ABOVE.push_back(Hex_Of(Hex_Column(x), 0));
+    for (int y = 0; y < HEIGHT; ++y) ROW.push_back(Hex_Row(y));
+    KIND.assign(static_cast<std::size_t>(CELLS) + 1, OUTSIDE);
+    for (int hex = 1; hex <= CELLS; ++hex) {
+        const int value = Cell_Value(hex);
+        const int kind = value >= 0 && value < OTHER ? value : OTHER;
+        KIND[static_cast<std::size_t>(hex)] = static_cast<std::uint8_t>(kind);
+        PRESENT[kind] = true;
+    }
+}
+
+int Route_Cost(int unit, int from_x, int from_y, int to_x, int to_y, bool stop_at_bridge)
+{
+    const ROUTE_GROUND ground;
+    return SURVEY{ground, COSTS(unit, ground)}.Line({from_x, from_y}, {to_x, to_y}, stop_at_bridge);
 }
 
 int AI_Add_Node(int unit, int x, int y)
@@ -173,37 +170,36 @@ int AI_Add_Node(int unit, int x, int y)
     return row;
 }
 
-void Plan_Route(int unit)
+void Plan_Route(int unit, const ROUTE_GROUND& ground)
 {
-    const int sx = UNIT[unit].X, sy = UNIT[unit].Y, tx = UNIT[unit].OX1, ty = UNIT[unit].OY1;
-    const COSTS costs(unit);
-    const int whole = 2147483647;
-    int best = Cost_Of_Line(costs, sx, sy, tx, ty, false, whole);
-    int best_x = 0, best_y = 0;
+    const POINT start{UNIT[unit].X, UNIT[unit].Y}, end{UNIT[unit].OX1, UNIT[unit].OY1};
+    const SURVEY survey{ground, COSTS(unit, ground)};
+    int best = survey.Line(start, end, false);
+    POINT via{0, 0};
     const int old = UNIT[unit].MOVESTATUS < 1 ? 10000 : Compute_Route(unit);
-    const int bearing = Bearing_To(sx, sy, tx, ty), distance = Distance_Between(sx, sy, tx, ty);
-    const int width = Picture_Width(), height = Picture_Height();
+    const int bearing = Bearing_To(start.X, start.Y, end.X, end.Y);
+    const int distance = Distance_Between(start.X, start.Y, end.X, end.Y);
     for (int k = 0; k <= 180; k += 5) {
         int a = bearing - 90 + k;
         if (a < 0) a += 360;
         if (a > 360) a -= 360;
         for (float f = 0.3f; f <= 0.9f; f += 0.1f) {   // six values: the seventh sum is above 0.9
-            const CANDIDATE c = Point_Towards(sx, sy, a, distance, f);
-            if (c.X <= 0 || c.Y <= 0 || c.X >= width || c.Y >= height) continue;
-            // A line that alone reaches the best cost cannot win any more: the rest of it need not be walked.
-            const int first = Cost_Of_Line(costs, sx, sy, c.X, c.Y, true, best);
-            if (first >= best) continue;
-            const int cost = first + Cost_Of_Line(costs, c.X, c.Y, tx, ty, false, best - first);
+            const POINT c = Point_Towards(start, a, distance, f);
+            if (c.X <= 0 || c.Y <= 0 || c.X >= ground.WIDTH || c.Y >= ground.HEIGHT) continue;
+            // A detour that is sure to reach the best cost cannot win any more: the rest of it need not be walked.
+            const int left = best - survey.COST.LEAST * Samples_Between(c, end);
+            const int first = survey.Line(start, c, true, left);
+            if (first >= left) continue;
+            const int cost = first + survey.Line(c, end, false, best - first);
             if (cost >= best) continue;
             best = cost;
-            best_x = c.X;
-            best_y = c.Y;
+            via = c;
         }
     }
     if (best >= old) return;
     Clear_Route(unit);
-    if (best_x != 0 || best_y != 0) AI_Add_Node(unit, best_x, best_y);
-    AI_Add_Node(unit, tx, ty);
+    if (via.X != 0 || via.Y != 0) AI_Add_Node(unit, via.X, via.Y);
+    AI_Add_Node(unit, end.X, end.Y);
 }
 
 }   // namespace sm

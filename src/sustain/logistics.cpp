@@ -187,10 +187,11 @@ void Auto_Logistics(int side)
         Find_Supplier(u, 0);   // the first depot of the whole table, whosever it is
         if (Convoy_Is_Due(u)) Build_Convoy(side, u, Convoy_Load(u));
     }
+    const ROUTE_GROUND ground;
     for (int c = 1; c <= MAX_UNIT; ++c) {
         if (UNIT[c].SIZE != 100 || UNIT[c].STATUS < 1) continue;
         Aim_Convoy(c);
-        if (UNIT[c].OX1 > 0 && UNIT[c].OY1 > 0) Plan_Route(c);
+        if (UNIT[c].OX1 > 0 && UNIT[c].OY1 > 0) Plan_Route(c, ground);
     }
 }
 
