@@ -13,6 +13,9 @@
 #include "sustain/supply.h"
 #include "terrain/sight.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace sm {
 
 namespace {
@@ -258,6 +261,15 @@ struct SCREEN_LINE {
 
 SCREEN_LINE Screen_Of(const UNIT_RECORD& a) { return {{{a.LX, a.LY}, {a.X, a.Y}, {a.RX, a.RY}}}; }
 
+/// How far the points of a screen lie from its centre along either axis.
+int Screen_Span(const UNIT_RECORD& a)
+{
+    int span = 0;
+    for (const Point& point : Screen_Of(a).POINT)
+        span = std::max({span, std::abs(point.X - a.X), std::abs(point.Y - a.Y)});
+    return span;
+}
+
 /// The screen finds works of the enemy, and what waits at its points. False when the unit is gone.
 bool Scout_Ground(int a)
 {
@@ -349,7 +361,8 @@ bool Look_From_Screen(LOOK& look)
 {
     if (!Scout_Ground(look.A)) return false;
     const UNIT_RECORD& a = UNIT[look.A];
-    for (int e = 1; e <= MAX_UNIT; ++e) {
+    Near_Rows near(0.4f);
+    while (const int e = near.Next(a.X, a.Y, 0.4f * a.FOOTPRINT + static_cast<float>(Screen_Span(a)))) {
         const UNIT_RECORD& enemy = UNIT[e];
         if (enemy.SIDE == a.SIDE || enemy.STATUS < 1 || enemy.TYPE == LINE_OF_COMMUNICATION ||
             enemy.PARENT_UNIT != 0)
