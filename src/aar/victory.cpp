@@ -107,8 +107,8 @@ void Power_Count(bool row)
     if (GTURN == 0) {
         BRCP1 = BRCP3;
         RRCP1 = RRCP3;
-        SATURATION_LOGGED = false;
     }
+    if (!row || GTURN == 0) SATURATION_LOGGED = false;   // another game is opened
 }
 
 void AAR_Chart() { Screen().Changed(Redraw::HEADER); }

@@ -24,7 +24,7 @@ constexpr VERDICT_WORDS VERDICTS[] = {
 
 void Log_Powers(const char* now_key, float now, const char* start_key, float start)
 {
-    const char* mark = start > 0 ? ": " : "!!: ";
+    const char* mark = start > 0 && now > 0 ? ": " : "!!: ";
     Log(Cat(now_key, mark, To_Text(now)));
     Log(Cat(start_key, mark, To_Text(start)));
 }

@@ -155,7 +155,7 @@ void HQ_Power(int hq)
     UNIT[hq].HQPOWER = 0;
     if (!(base > 0)) return;
     const float share = now / base;
-    UNIT[hq].HQPOWER = share * 100.0f;
+    UNIT[hq].HQPOWER = Saturate_16(Round_Even(share * 100.0f));
 }
 
 PLAN Assess_Situation(int side)

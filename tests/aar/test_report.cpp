@@ -3,6 +3,7 @@
 #include "aar/victory.h"
 #include "aar/victory_status.h"
 
+#include "core/log.h"
 #include "support/board.h"
 
 #include <gtest/gtest.h>
@@ -68,7 +69,18 @@ TEST(VictoryStatus, LossesAboveTheAllowedAreMarkedAndTheVerdictWaitsForTheFirstT
     MRLOSS = 24;
     GTURN = 0;
     VSTATUS = 1;
+    static std::string log;
+    Listen_To_Log([](std::string_view line) { log += std::string(line) + "\n"; });
     Victory_Status s = Show_Victory_Status();
+    EXPECT_EQ(log, "RRCP3: 150\nRRCP1: 200\nBRCP3: 80\nBRCP1: 100\n"
+                   "===============Red Losses - Yes ==================\nLoss: 25\n"
+                   "================Blue Losses - No ==================\n");
+    log.clear();
+    BRCP3 = 0;   // wiped out
+    EXPECT_EQ(Show_Victory_Status().BLUE_LOSSES, "Blue Losses: 100% !");
+    EXPECT_NE(log.find("\nBRCP3!!: 0\nBRCP1!!: 100\n"), log.npos);
+    Listen_To_Log(nullptr);
+    BRCP3 = 80;
     EXPECT_EQ(s.BLUE_LOSSES, "Blue Losses: 20%");
     EXPECT_EQ(s.RED_LOSSES, "Red Losses: 25% !");
     EXPECT_EQ(s.VERDICT, "The game has not begun!");

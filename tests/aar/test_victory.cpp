@@ -1,11 +1,17 @@
 #include "aar/victory.h"
 
+#include "core/log.h"
 #include "support/board.h"
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 using namespace sm;
 using namespace sm::test;
+
+static std::vector<std::string> log_lines;
 
 TEST(Victory, PowerLeavesOutAttachedUnitsAndNamesTheIneffective)
 {
@@ -84,6 +90,9 @@ TEST(Victory, LossesOfTheBiggerForceWeighMore)
 TEST(Victory, PointsStayAtTheEndOfTheirRange)
 {
     Board board(20, 20);
+    Power_Count(false);   // as after every load
+    log_lines.clear();
+    Listen_To_Log([](std::string_view line) { log_lines.emplace_back(line); });
     BLUEVP = 32700;
     OBJ[1].OTYPE = 1;
     OBJ[1].OID = BLUE;
@@ -92,6 +101,10 @@ TEST(Victory, PointsStayAtTheEndOfTheirRange)
     Victory_Points();
     EXPECT_EQ(BLUEVP, 32767);
     EXPECT_EQ(VSTATUS, 6);
+    Victory_Points();
+    EXPECT_EQ(BLUEVP, 32767);
+    Listen_To_Log(nullptr);
+    EXPECT_EQ(log_lines, std::vector<std::string>{"Victory points have reached the end of their range and stay there"});
     BLUEVP = 0;
     REDVP = 0;
     OBJ[1].OTYPE = 0;

@@ -1,9 +1,12 @@
 #include "opponent/planning.h"
 
 #include "core/dice.h"
+#include "core/shared.h"
 #include "support/board.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 using namespace sm;
 using namespace sm::test;
@@ -46,6 +49,101 @@ TEST(Planning, ABeatenSideLowersItsAimForGood)
     Enemy_Planning(BLUE);
     EXPECT_EQ(BFOBJ, 2);
     EXPECT_TRUE(board.SCREEN.Heard("status", "Enemy IPB Phase"));
+}
+
+TEST(Planning, AHeadquartersIsWorthWhatItsUnitsHaveLeft)
+{
+    Board board(20, 20);
+    const int hq = board.Place(BLUE, 50, 50, 18, 4), a = board.Place(BLUE, 60, 50, 5, 20), b = board.Place(BLUE, 70, 50, 5, 10);
+    UNIT[a].HIGHERHQ = UNIT[b].HIGHERHQ = hq;
+    UNIT[a].RCP2 = 8;
+    UNIT[b].RCP2 = 5.5f;
+    Assess_Situation(BLUE);
+    EXPECT_EQ(UNIT[hq].HQPOWER, 45);   // 13.5 of 30
+    UNIT[a].RCP = UNIT[b].RCP = 0;
+    Assess_Situation(BLUE);
+    EXPECT_EQ(UNIT[hq].HQPOWER, 0);
+}
+
+TEST(Planning, AUAVLooksAtAnObjectiveElseForTheEnemysHeadquartersElseForItsOwn)
+{
+    Board board(60, 60);
+    const int uav = board.Place(BLUE, 100, 100, 26);
+    UNIT[uav].MOBILITY = 3;
+    board.Place(BLUE, 50, 400, 18);
+    board.Place(RED, 580, 300, 18);   // 20 pixels from the edge: not looked for, and no roll
+    board.Place(RED, 400, 400, 18);
+    for (const auto& [row, type, holder] : {std::tuple{1, 1, 1}, {2, 2, 2}, {3, 1, 2}, {4, 1, 0}}) {
+        OBJ[row].OTYPE = type;
+        OBJ[row].OID = holder;
+        OBJ[row].OX = row * 100;
+        OBJ[row].OY = 200;
+    }
+    const auto plan = [&](int turn, int seed) {
+        Clear_Route(uav);
+        GTURN = turn;
+        RSEED = seed;
+        Plan_Collectors(BLUE);
+    };
+    plan(2, 9);   // 5: the third is the first objective that Blue does not hold
+    ASSERT_EQ(UNIT[uav].NUMBER_OF_NODES, 2);
+    EXPECT_EQ(MN[1].MNX, 300);
+    EXPECT_EQ(MN[2].MNX, 100);
+    EXPECT_EQ(RSEED, 10);
+    plan(2, 8);   // 60 for the objective, 5 for the headquarters
+    ASSERT_EQ(UNIT[uav].NUMBER_OF_NODES, 2);
+    EXPECT_EQ(MN[1].MNX, 420);
+    EXPECT_EQ(MN[1].MNY, 420);
+    EXPECT_EQ(RSEED, 10);
+    plan(2, 23);   // 80 for the objective, 99 for the enemy's, 44 for its own
+    EXPECT_EQ(UNIT[uav].NUMBER_OF_NODES, 1);
+    EXPECT_EQ(MN[1].MNY, 400);
+    EXPECT_EQ(RSEED, 26);
+    plan(1, 1);   // 39: on the first turn only its own is asked for
+    EXPECT_EQ(UNIT[uav].NUMBER_OF_NODES, 1);
+    EXPECT_EQ(RSEED, 2);
+}
+
+TEST(Planning, JammersAndPsychologicalUnitsAreSwitchedOnAndFaceTheLastHeadquartersOfTheEnemy)
+{
+    Board board(60, 60);
+    const int jammer = board.Place(RED, 100, 100, 16), psy = board.Place(RED, 100, 100, 23);
+    board.Place(BLUE, 200, 100, 18);
+    board.Place(BLUE, 200, 0, 18);
+    Plan_Collectors(RED);
+    EXPECT_EQ(UNIT[jammer].SENSORS, 1);
+    EXPECT_EQ(UNIT[psy].POPS, 1);
+    for (const int u : {jammer, psy}) {
+        EXPECT_EQ(UNIT[u].C2T, 1);
+        EXPECT_EQ(UNIT[u].FACING, 45);   // north-east
+    }
+}
+
+TEST(Planning, ConvoysStartFromTheSidesOwnDepotBelowThreeQuarters)
+{
+    Board board(60, 60);
+    board.Place(BLUE, 100, 100, 13);
+    const int depot = board.Place(RED, 300, 300, 13), low = board.Place(RED, 400, 300, 5), fair = board.Place(RED, 400, 400, 5);
+    UNIT[depot].LSF = 100;
+    UNIT[depot].LSF2 = 5.5f;
+    UNIT[low].RSF = 10;
+    UNIT[low].RSF2 = 3;
+    UNIT[low].LOGSTATN = 74;
+    UNIT[fair].LOGSTATN = 75;
+    UNIT[low].LOGUNIT = UNIT[fair].LOGUNIT = 0;
+    GTURN = 1;
+    Plan_Supply(RED);
+    EXPECT_EQ(UNIT[low].LOGUNIT, depot);
+    const int row = fair + 1;
+    EXPECT_EQ(UNIT[row].STATUS, 0);   // none on the first turn
+    GTURN = 2;
+    Plan_Supply(RED);
+    Plan_Supply(RED);                 // one on its way is enough
+    EXPECT_EQ(UNIT[row].NAME, "CONVOY #304");
+    EXPECT_EQ(UNIT[row].CONVOYD, low);
+    EXPECT_EQ(UNIT[row].LSF2, 6.0f);  // 7 wanted: the whole part of the stock and 1
+    EXPECT_EQ(UNIT[depot].LSF2, -0.5f);
+    EXPECT_EQ(UNIT[row + 1].STATUS, 0);
 }
 
 TEST(Planning, AnNAIThatWatchesNothingIsGivenUpAndNewOnesComeByTheDice)
@@ -176,6 +274,33 @@ TEST(Targeting, RocketsFollowTheStrikesAndMissilesSpareTheirOwnTroops)
     EXPECT_EQ(UNIT[second].TGTLINK, 2);
 }
 
+TEST(Targeting, AMissileThatMayNotFireIsCreditedWithTheLastMissionOfTheSide)
+{
+    Board board(60, 60);
+    const int gun = board.Place(BLUE, 50, 500, 8), ssm = board.Place(BLUE, 100, 100, 10), free = board.Place(BLUE, 60, 500, 9);
+    UNIT[ssm].MXRANGE = 150;
+    UNIT[free].FSP = 3;
+    const int uav = Spotted(board, RED, 400, 100, 26);
+    UNIT[uav].MOPP = 4;
+    GTURN = 2;
+    BTOTAL = 1;
+    BCHMAX = 1;
+    Enemy_Targeting(BLUE);
+    EXPECT_EQ(TG[1].TGTYPE, 4);   // the strike on it, two sorties of the one in hand
+    EXPECT_EQ(BTOTAL, -1);
+    EXPECT_EQ(TG[2].TGTYPE, 0);   // masked: no mission, no chemicals
+    EXPECT_EQ(BCHNOW, 0);
+    EXPECT_EQ(TG[1].FUNIT, ssm);
+    EXPECT_EQ(UNIT[ssm].FIREMISSION, 1);
+    EXPECT_EQ(UNIT[uav].TGTLINK, 1);
+    EXPECT_EQ(UNIT[ssm].FSP, 0);
+    EXPECT_EQ(UNIT[gun].FSP, 2);    // no mission: the guns cover the strike
+    EXPECT_EQ(UNIT[free].FSP, 2);
+    UNIT[uav].SPOTTED = 0;
+    Enemy_Targeting(BLUE);
+    EXPECT_EQ(UNIT[gun].FSP, 1);    // no strike: counterfire
+}
+
 TEST(Targeting, AHelicopterStrikeIsLaunchedByTheSharedDiceOfTheAir)
 {
     Board board(60, 60);
@@ -229,6 +354,48 @@ TEST(EnemyMovement, StancesReservesAndRetreats)
     Plan_Movement(PLAN{BLUE, 1, true});
     EXPECT_EQ(UNIT[reserve].OX1, 500);   // arrived: the next destination
     EXPECT_EQ(UNIT[reserve].OX2, 0);
+}
+
+TEST(EnemyMovement, AnAttackerLeadsWithItsFightersAndTurnsOnWhatItMeets)
+{
+    Board board(60, 60);
+    const int tanks = board.Place(RED, 100, 100, 5), guns = board.Place(RED, 100, 100, 8), lift = board.Place(RED, 100, 100, 5);
+    for (const int u : {tanks, guns, lift}) {
+        UNIT[u].MOVEPOINTS = UNIT[u].MOVEPOINTS2 = 24;
+        UNIT[u].OX1 = UNIT[u].OY1 = 500;
+    }
+    UNIT[lift].MOBILITY = 3;
+    Spotted(board, BLUE, 129, 100, 5);
+    Spotted(board, BLUE, 130, 100, 5);
+    GTURN = 1;
+    Plan_Movement(PLAN{RED, 0, false});
+    EXPECT_EQ(UNIT[tanks].OX1, 129);          // nearer than 30 pixels
+    EXPECT_EQ(UNIT[tanks].MOVEPOINTS2, 24);
+    EXPECT_EQ(UNIT[guns].MOVEPOINTS2, 22);    // 21.6
+    EXPECT_EQ(UNIT[guns].OX1, 500);
+    EXPECT_EQ(UNIT[lift].OX1, 500);           // what flies has no part in it
+    UNIT[tanks].OX1 = 500;
+    Plan_Movement(PLAN{RED, 1, false});       // for terrain: the destination stays
+    EXPECT_EQ(UNIT[tanks].OX1, 500);
+}
+
+TEST(EnemyMovement, AHotObjectiveBarsAllThatFollow)
+{
+    Board board(60, 60);
+    const int lift = board.Place(RED, 100, 100, 12);
+    UNIT[lift].MOBILITY = 3;
+    board.Place(RED, 200, 100, 19);
+    for (int o = 1; o <= 2; ++o) {
+        OBJ[o].OTYPE = 1;
+        OBJ[o].OX = 250 * o;
+        OBJ[o].OY = 400;
+    }
+    Spotted(board, BLUE, 350, 400, 5);   // 10 km from the first, 15 from the second
+    Next_Roll(1);
+    const int seed = RSEED;
+    Plan_Movement(PLAN{RED, 1, false});
+    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 0);
+    EXPECT_EQ(RSEED, seed);
 }
 
 TEST(EnemyMovement, AnAirAssaultIsPlannedWithItsZonesAndItsWayHome)
