@@ -107,7 +107,8 @@ void Actions::Refresh() const
 {
     for (const auto& [id, action] : actions_) {
         const COMMAND& command = Command(id);
-        const bool allowed = Command_Allowed(id);
+        const bool allowed = Command_Allowed(id), offered = Command_Offered(id);
+        if (action->isVisible() != offered) action->setVisible(offered);
         if (action->isEnabled() != allowed) action->setEnabled(allowed);
         if (command.CAPTION_NOW != nullptr) action->setText(To_Screen(Command_Caption(id)));
         if (command.TICKED != nullptr && action->isChecked() != command.TICKED())
@@ -130,6 +131,7 @@ Command_Button::Command_Button(QAction* action, QWidget* parent) : QPushButton(p
 void Command_Button::Follow()
 {
     setText(action_->text());
+    setVisible(action_->isVisible());
     setEnabled(action_->isEnabled());
     setChecked(action_->isChecked());
 }

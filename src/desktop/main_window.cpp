@@ -34,8 +34,8 @@ namespace sm::desktop {
 
 namespace {
 
-constexpr int SIDEBAR = 228, STRIP = 216;
-constexpr int STATUS_WIDTH = 420;
+constexpr int SIDEBAR = 228, STRIP = 226;
+constexpr int STATUS_WIDTH = 440;
 enum Page { START, GAME };
 enum Body { BOARD, COVER };
 
@@ -119,7 +119,7 @@ QWidget* Main_Window::Build_Game_Page()
     strip->setContentsMargins(8, 8, 8, 8);
     strip->setSpacing(8);
     status_ = new Status_Panel(strip_);
-    status_->setFixedWidth(width() < 1100 ? 384 : STATUS_WIDTH);
+    status_->setFixedWidth(width() < 1100 ? 404 : STATUS_WIDTH);
     strip->addWidget(status_);
     messages_ = new Message_Panel(strip_);
     strip->addWidget(messages_, 1);
@@ -363,6 +363,12 @@ void Main_Window::Go_Back()
     map_->Go_To(back.X, back.Y);
     map_->Mark_Message({}, false);
     Offer_Back();
+}
+
+void Main_Window::Show_Plot_List()
+{
+    if (const auto* button = findChild<QWidget*>(QStringLiteral("cmdPlot")); button != nullptr)
+        Order_Menu(button->mapToGlobal(QPoint(0, button->height())));
 }
 
 void Main_Window::Order_Menu(QPoint screen)

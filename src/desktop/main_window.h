@@ -66,6 +66,7 @@ public:
     void Show_Help(std::string_view file, std::string_view title) override;
     void Show_Keys() override;
     void Show_Victory() override;
+    void Show_Plot_List() override;
     int Choose_Unit(std::string_view title, const std::vector<int>& units) override;
     void Close() override;
 

@@ -19,6 +19,7 @@ namespace {
 const char* const STYLE = R"(
 QWidget { color: #1f2a35; }
 QMainWindow, QDialog, QMessageBox { background: #e9edf1; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QToolTip { background: #1b2631; color: #f2f5f8; border: 1px solid #1b2631; padding: 4px 7px; }
 
 QMenuBar { background: #fbfcfd; border-bottom: 1px solid #cbd3db; padding: 1px 4px; }

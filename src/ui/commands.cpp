@@ -25,6 +25,10 @@ constexpr int UNIT_ORDER = ORDER | OWN_UNIT;
 
 std::string Other_Side_Caption() { return ActiveSide == BLUE ? "Hand Over to Red" : "Hand Over to Blue"; }
 std::string Status_Box_Caption() { return DESK.StatusBox ? "Hide Unit Status Box" : "Show Unit Status Box"; }
+std::string Overlay_Caption()
+{
+    return DESK.OVERLAY == 0 ? "Display COO" : DESK.OVERLAY == 1 ? "Show COO Type 2" : "Hide COO";
+}
 std::string Sound_Caption() { return SoundOn == 1 ? "Sound Off" : "Sound On"; }
 
 void Show_Prompt() { Show_Status(Map_Mode_Prompt()); }
@@ -41,6 +45,7 @@ void Place_By_Magic()
 }
 void Switch_Status_Box()
 {
+    End_Pending();
     DESK.StatusBox = !DESK.StatusBox;
     The_Window().Desk_Changed();
 }
@@ -83,6 +88,7 @@ constexpr COMMAND TABLE[] = {
     {Cmd::SIDE_BLUE, true, "Blue Player", "Blue gives its orders", NO_TURN | GAME_ON, [] { cmdSide_Click(BLUE); }, [] { return ActiveSide == BLUE; }, nullptr},
     {Cmd::SIDE_RED, true, "Red Player", "Red gives its orders", NO_TURN | GAME_ON, [] { cmdSide_Click(RED); }, [] { return ActiveSide == RED; }, nullptr},
     // orders
+    {Cmd::PLOT_LIST, true, "Plot List", "Every order of movement for the selected unit", UNIT_ORDER, [] { The_Window().Show_Plot_List(); }, nullptr, nullptr},
     {Cmd::PLOT, true, "Plot Move", "Right-click route points on the map for the selected unit", UNIT_ORDER, Plot, [] { return MapMode == MODE_MOVE_NODE || MapMode == MODE_PLOT; }, nullptr},
     {Cmd::CANCEL_MOVE, true, "Cancel Move", "Drops the route of the selected unit", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_CANCEL); }, nullptr, nullptr},
     {Cmd::MAGIC_MOVE, true, "Magic Move", "The next right click places the selected unit", UNIT_ORDER, Place_By_Magic, [] { return MapMode == MODE_PLACE_UNIT; }, nullptr},
@@ -104,6 +110,7 @@ constexpr COMMAND TABLE[] = {
     {Cmd::OVERLAY_1, true, "Display COO", "Colours the terrain cells", GAME_ON, [] { cmdSeeT_Click(1); }, [] { return DESK.OVERLAY == 1; }, nullptr},
     {Cmd::OVERLAY_2, true, "Show COO Type 2", "Hatches what hinders movement", GAME_ON, [] { cmdSeeT_Click(2); }, [] { return DESK.OVERLAY == 2; }, nullptr},
     {Cmd::OVERLAY_OFF, true, "Hide COO", "Takes the terrain overlay off", GAME_ON, [] { cmdSeeT_Click(0); }, nullptr, nullptr},
+    {Cmd::OVERLAY_NEXT, true, "Display COO", "The terrain over the map: two kinds, then none", GAME_ON, [] { cmdSeeT_Click((DESK.OVERLAY + 1) % 3); }, nullptr, Overlay_Caption},
     {Cmd::CENTRING_ON, true, "Turn-on Map Centering", "The map follows the selected unit", ANY_TIME, [] { DESK.CENTRING = true; }, [] { return DESK.CENTRING; }, nullptr},
     {Cmd::CENTRING_OFF, true, "Turn-off Map Centering", "The map stays where it is", ANY_TIME, [] { DESK.CENTRING = false; }, [] { return !DESK.CENTRING; }, nullptr},
     {Cmd::GAME_DATA, true, "Game Data", "How full the tables are", GAME_ON, mnuGameData_Click, nullptr, nullptr},
@@ -159,7 +166,9 @@ constexpr MENU_ROW MENUS[] = {
     {"Options", "Turn Length", Cmd::TURN_15}, {"Options", "Turn Length", Cmd::TURN_ONE_HOUR},
     {"Options", "Turn Length", Cmd::TURN_TWO_HOURS}, {"Options", "Game Speed", Cmd::SPEED_NORMAL},
     {"Options", "Game Speed", Cmd::SPEED_FAST}, {"Options", "ELINT", Cmd::ELINT_SIMPLE},
-    {"Options", "ELINT", Cmd::ELINT_DETAILED}, {"Options", "", Cmd::SOUND},
+    {"Options", "ELINT", Cmd::ELINT_DETAILED}, {"Options", "View", Cmd::VIEW_BLUE},
+    {"Options", "View", Cmd::VIEW_RED}, {"Options", "View", Cmd::VIEW_ALL}, {"Options", "View", Cmd::VIEW_DEFAULT},
+    {"Options", "", Cmd::SOUND},
 
     {"Help", "", Cmd::HELP_TURN}, {"Help", "", Cmd::HELP_KEYS}, {"Help", "", Cmd::NONE}, {"Help", "", Cmd::ABOUT},
 };
@@ -169,9 +178,10 @@ constexpr PALETTE_ROW PALETTES[] = {
 
     {Palette::ORDERS, "Movement", Cmd::PLOT}, {Palette::ORDERS, "Movement", Cmd::CANCEL_MOVE},
     {Palette::ORDERS, "Movement", Cmd::TURN_LEFT}, {Palette::ORDERS, "Movement", Cmd::TURN_RIGHT},
-    {Palette::ORDERS, "Movement", Cmd::MAGIC_MOVE},
+    {Palette::ORDERS, "Movement", Cmd::MAGIC_MOVE}, {Palette::ORDERS, "Movement", Cmd::PLOT_LIST},
     {Palette::ORDERS, "Unit", Cmd::UNIT_REPORT}, {Palette::ORDERS, "Unit", Cmd::MOPP_4}, {Palette::ORDERS, "Unit", Cmd::MOPP_2},
     {Palette::ORDERS, "Unit", Cmd::LAST_UNIT}, {Palette::ORDERS, "Unit", Cmd::NEXT_UNIT},
+    {Palette::ORDERS, "View", Cmd::OVERLAY_NEXT}, {Palette::ORDERS, "View", Cmd::STATUS_BOX},
 };
 
 constexpr Cmd PLOT_LIST[] = {
@@ -241,8 +251,6 @@ bool Fits(Cmd id)
         return May_Take_Side(BLUE);
     case Cmd::SIDE_RED:
         return May_Take_Side(RED);
-    case Cmd::HAND_OVER:
-        return GameType == 0;
     case Cmd::OPEN_GAME:
     case Cmd::NEW_GAME:
     case Cmd::OPEN_SAVED:
@@ -287,10 +295,25 @@ std::string Command_Caption(Cmd id)
     return c.CAPTION_NOW != nullptr ? c.CAPTION_NOW() : std::string(c.CAPTION);
 }
 
+bool Command_Offered(Cmd id)
+{
+    const bool one_side = GameType >= 1 && GameType <= 4;
+    switch (id) {
+    case Cmd::HAND_OVER:
+        return GameType == 0;
+    case Cmd::SIDE_BLUE:
+        return !one_side || UserSide == BLUE;
+    case Cmd::SIDE_RED:
+        return !one_side || UserSide == RED;
+    default:
+        return true;
+    }
+}
+
 bool Command_Allowed(Cmd id)
 {
     const COMMAND& c = Command(id);
-    if (!c.BUILT || Under_Cover(id)) return false;
+    if (!c.BUILT || Under_Cover(id) || !Command_Offered(id)) return false;
     if ((c.NEEDS & NO_TURN) != 0 && SEAT.TurnRunning) return false;
     if ((c.NEEDS & GAME_ON) != 0 && GameLoaded == 0) return false;
     if ((c.NEEDS & Need::ORDERS) != 0 && !Gives_Orders()) return false;

@@ -27,6 +27,7 @@ enum class Cmd {
     SIDE_BLUE,
     SIDE_RED,
     // orders
+    PLOT_LIST,
     PLOT,
     CANCEL_MOVE,
     MAGIC_MOVE,
@@ -48,6 +49,7 @@ enum class Cmd {
     OVERLAY_1,
     OVERLAY_2,
     OVERLAY_OFF,
+    OVERLAY_NEXT,
     CENTRING_ON,
     CENTRING_OFF,
     GAME_DATA,
@@ -109,6 +111,8 @@ const COMMAND& Command(Cmd id);
 std::span<const COMMAND> Commands();
 std::string Command_Caption(Cmd id);
 
+/// Whether the game type in play has the command at all; what it has not is not shown.
+bool Command_Offered(Cmd id);
 /// Whether the command is built and everything it needs holds now.
 bool Command_Allowed(Cmd id);
 /// Runs it; false when it was refused or failed.

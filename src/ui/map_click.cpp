@@ -16,8 +16,6 @@ namespace sm {
 
 namespace {
 
-bool On_The_Picture(int x, int y) { return x >= 0 && y >= 0 && x < Picture_Width() && y < Picture_Height(); }
-
 bool Waits_For_A_Node()
 {
     return MapMode == MODE_PLOT || MapMode == MODE_ORBIT || MapMode == MODE_PICK_UP_ZONE ||
@@ -30,7 +28,7 @@ struct MODE_PROMPT {
 };
 constexpr MODE_PROMPT PROMPTS[] = {
     {MODE_MOVE_NODE, "Right-click where the route point shall go."},
-    {MODE_PLOT, "Right-click the map to add route points. Drag a point to move it. Esc ends the plot."},
+    {MODE_PLOT, "Right-click adds route points. A drag moves one. Esc ends."},
     {MODE_ORBIT, "Click the route point where the aircraft shall stay."},
     {MODE_PICK_UP_ZONE, "Click the route point where the unit boards."},
     {MODE_LANDING_ZONE, "Click the route point where the unit is set down."},
@@ -123,6 +121,17 @@ void Step_Back()
         return;
     }
     Show_Status(Map_Mode_Prompt());
+    Redraw_Routes();
+}
+
+void End_Pending()
+{
+    const bool told = Map_Mode_Prompt()[0] != '\0';
+    SEAT.PickedNode = 0;
+    MapMode = 0;
+    DrawMode = 0;
+    if (!told) return;
+    Show_Status("");
     Redraw_Routes();
 }
 

@@ -15,11 +15,14 @@ namespace sm {
 
 namespace {
 
-/// Off the picture stand those that are attached, aboard, or still to arrive.
-bool On_The_Picture(int unit)
+void Centre_On(int unit)
 {
     const UNIT_RECORD& u = UNIT[unit];
-    return u.X >= 0 && u.Y >= 0 && u.X < Picture_Width() && u.Y < Picture_Height();
+    if (!DESK.CENTRING) return;
+    if (On_The_Picture(u.X, u.Y))
+        The_Window().Centre_Map(u.X, u.Y);
+    else if (Waits_To_Arrive(unit))
+        The_Window().Centre_Map(u.ARX, u.ARY);
 }
 
 /// The next used unit of the serving side from the selected one, round the end; `step` is 1 or -1.
@@ -35,7 +38,7 @@ void Walk_Units(int step)
         at = (at + step + count) % count;
         if (UNIT[first + at].STATUS < 1) continue;
         Get_Unit(first + at);
-        if (DESK.CENTRING && On_The_Picture(SelUnit)) The_Window().Centre_Map(UNIT[SelUnit].X, UNIT[SelUnit].Y);
+        Centre_On(SelUnit);
         return;
     }
 }
@@ -57,11 +60,24 @@ void Get_Unit(int unit)
     The_Window().Desk_Changed();
 }
 
+bool On_The_Picture(int x, int y) { return x >= 0 && y >= 0 && x < Picture_Width() && y < Picture_Height(); }
+
+bool Stands_On_Map(int unit)
+{
+    return SEAT.PICTURE[unit] && UNIT[unit].STATUS > 0 && On_The_Picture(UNIT[unit].X, UNIT[unit].Y);
+}
+
+bool Waits_To_Arrive(int unit)
+{
+    const UNIT_RECORD& u = UNIT[unit];
+    return u.STATUS > 0 && u.OFFMAP != 0 && u.ATIME > GTURN && On_The_Picture(u.ARX, u.ARY);
+}
+
 std::vector<int> Units_At(int x, int y, int reach)
 {
     std::vector<std::pair<long long, int>> near;   // square of the distance, unit
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (!SEAT.PICTURE[u] || UNIT[u].STATUS < 1) continue;
+        if (!Stands_On_Map(u)) continue;
         const long long dx = UNIT[u].X - x, dy = UNIT[u].Y - y;
         if (std::max(std::llabs(dx), std::llabs(dy)) <= reach) near.emplace_back(dx * dx + dy * dy, u);
     }

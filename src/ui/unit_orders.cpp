@@ -2,6 +2,7 @@
 
 #include "core/game_state.h"
 #include "ui/desk.h"
+#include "ui/map_click.h"
 #include "ui/planning_seat.h"
 #include "ui/unit_status.h"
 
@@ -11,6 +12,7 @@ void Go_To_MOPP(int level)
 {
     const int unit = SelUnit;
     if (unit < 1 || !Side_May_Order(UNIT[unit].SIDE)) return;
+    End_Pending();
     UNIT[unit].MOPP = level;
     Post_Own(unit, Cat(UNIT[unit].NAME, " is going to MOPP ", To_Text(level), "!"), 0);
     Tell_Seats({level == 4 ? 165 : 166, unit});
@@ -21,6 +23,7 @@ void cmdUnitReport_Click()
 {
     const int unit = SelUnit;
     if (unit < 1) return;
+    End_Pending();
     if (UNIT[unit].SIZE == 100) {
         Refuse("FROM the G4:", "Supply Convoys cannot be accessed through the Unit Status Report!");
         return;

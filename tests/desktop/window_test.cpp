@@ -9,8 +9,10 @@
 #include "support/board.h"
 #include "ui/desk.h"
 #include "ui/game_commands.h"
+#include "ui/map_click.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -294,6 +296,33 @@ TEST(Window, ANodeIsDraggedOrLeftInTheHandForTheNextRightClick)
     EXPECT_EQ(UNIT[2].NUMBER_OF_NODES, 0);
 }
 
+TEST(Window, LongWordsTakeTheRoomOfThePointersFields)
+{
+    Player player(SMALL);
+    player.Open();
+    const auto shown = [&](const char* label) {
+        return player.Window().findChild<QWidget*>(QString::fromLatin1(label))->isVisible();
+    };
+    const auto prompt = [&] { return player.Text_Of("lblStatus").toStdString(); };
+    player.Click(405, 440);
+    player.Choose(Cmd::PLOT);
+    QMouseEvent hover(QEvent::MouseMove, QPointF(300, 200),
+                      player.Map().viewport()->mapToGlobal(QPointF(300, 200)), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(player.Map().viewport(), &hover);
+    EXPECT_EQ(prompt(), Map_Mode_Prompt());   // in full at the smallest size, beside all that is under the pointer
+    for (const char* field : {"lblUTM", "lblLatLong", "lblTerrain", "lblNBC"}) EXPECT_TRUE(shown(field)) << field;
+
+    // 110 characters, about 750 pixels of 1000: the fields make room, the grid and the terrain last.
+    const std::string words = "SITREP: " + std::string(102, 'a');
+    Show_Status(words);
+    player.Wait(10);
+    EXPECT_EQ(prompt(), words);
+    EXPECT_FALSE(shown("lblLatLong"));
+    Show_Status("");
+    EXPECT_TRUE(shown("lblLatLong"));
+}
+
 TEST(Window, TheCoverShowsNothingOfEitherSide)
 {
     Player player(SMALL);
@@ -347,6 +376,9 @@ TEST(Computer, AHumanPlansOneSideAndTheOtherMovesByItself)
     EXPECT_EQ(player.Window().windowTitle(), QStringLiteral("Stonemarch -- Red Player vs Computer"));
     EXPECT_FALSE(Command_Allowed(Cmd::SIDE_BLUE));
     EXPECT_FALSE(Command_Allowed(Cmd::HAND_OVER));
+    EXPECT_FALSE(player.Window()
+                     .findChild<QWidget*>(QStringLiteral("cmd%1Button").arg(static_cast<int>(Cmd::HAND_OVER)))
+                     ->isVisible());
     ASSERT_TRUE(player.Choose(Cmd::GO));
     EXPECT_EQ(GTURN, 1);
     EXPECT_EQ(ActiveSide, RED);   // the board comes back to the human

@@ -72,6 +72,49 @@ TEST_F(Planning, ClickingAPileAgainGoesThroughAllOfItAndRound)
     EXPECT_EQ(Units_At(103, 100, 12), (std::vector<int>{b, a}));
 }
 
+TEST_F(Planning, WhatStandsOffTheMapIsNeitherShownNorPicked)
+{
+    const int attached = Shown(BLUE, -500, -1000), waiting = Shown(BLUE, -1000, -1000),
+              stands = Shown(BLUE, 20, 20);
+    UNIT[waiting].OFFMAP = 1;
+    UNIT[waiting].ATIME = 5;
+    UNIT[waiting].ARX = 300;
+    UNIT[waiting].ARY = 200;
+    EXPECT_FALSE(Stands_On_Map(attached));
+    EXPECT_FALSE(Stands_On_Map(waiting));
+    EXPECT_TRUE(Stands_On_Map(stands));
+    EXPECT_EQ(Units_At(-900, -1000, 2000), (std::vector<int>{stands}));
+    // Walking the units shows where the waiting one will come.
+    Get_Unit(attached);
+    Run_Command(Cmd::NEXT_UNIT);
+    ASSERT_EQ(SelUnit, waiting);
+    EXPECT_EQ(WINDOW.X, 300);
+    GTURN = 5;
+    EXPECT_FALSE(Waits_To_Arrive(waiting));
+}
+
+TEST_F(Planning, APaletteItemDropsTheClickThatWasAwaited)
+{
+    const int u = Shown(BLUE, 100, 100);
+    Get_Unit(u);
+    for (const Cmd item : {Cmd::UNIT_REPORT, Cmd::MOPP_4, Cmd::MOPP_2, Cmd::STATUS_BOX}) {
+        Run_Command(Cmd::PLOT);
+        ASSERT_EQ(MapMode, MODE_PLOT);
+        DrawMode = 12;
+        Run_Command(item);
+        EXPECT_EQ(MapMode, 0) << Command(item).CAPTION;
+        EXPECT_EQ(DrawMode, 0) << Command(item).CAPTION;
+    }
+}
+
+TEST_F(Planning, TheOverlayButtonNamesTheNextChoice)
+{
+    for (const char* caption : {"Display COO", "Show COO Type 2", "Hide COO", "Display COO"}) {
+        EXPECT_EQ(Command_Caption(Cmd::OVERLAY_NEXT), caption);
+        Run_Command(Cmd::OVERLAY_NEXT);
+    }
+}
+
 TEST_F(Planning, AClickBesideThePilePicksTheNearestAgain)
 {
     const int a = Shown(BLUE, 100, 100), b = Shown(BLUE, 110, 100);

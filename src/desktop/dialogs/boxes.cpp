@@ -9,18 +9,23 @@
 #include <QFileDialog>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTreeView>
 #include <QUrl>
 #include <QVBoxLayout>
 
 namespace sm::desktop {
 
 namespace {
+
+/// Columns of a file dialog's list, as QFileSystemModel has them.
+enum { FILE_NAME, FILE_SIZE, FILE_KIND, FILE_DATE };
 
 const QString PROGRAM = QStringLiteral("Stonemarch");
 
@@ -44,8 +49,13 @@ public:
         words->setTextFormat(Qt::PlainText);
         words->setWordWrap(true);
         words->setStyleSheet(QStringLiteral("font-size: 14px;"));
-        words->setMinimumWidth(340);
-        words->setMaximumWidth(560);
+        // As wide as its lines are, within what is read at a glance.
+        QFont font = words->font();
+        font.setPixelSize(static_cast<int>(Type::STRONG));
+        int widest = 0;
+        for (const QString& line : text.split(QLatin1Char('\n')))
+            widest = std::max(widest, QFontMetrics(font).horizontalAdvance(line) + 4);
+        words->setFixedWidth(std::clamp(widest, 300, 560));
         column->addWidget(words);
         column->addSpacing(8);
         buttons_ = new QHBoxLayout;
@@ -226,6 +236,11 @@ std::string Ask_File_Box(QWidget* parent, const File_Request& request)
     places.append(QUrl::fromLocalFile(QDir::homePath()));
     dialog.setSidebarUrls(places);
     dialog.resize(760, 460);
+    if (auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView")); files != nullptr) {
+        files->hideColumn(FILE_KIND);
+        files->header()->setSectionResizeMode(FILE_NAME, QHeaderView::Stretch);
+        files->header()->setSectionResizeMode(FILE_DATE, QHeaderView::ResizeToContents);
+    }
     if (auto* splitter = dialog.findChild<QSplitter*>(); splitter != nullptr) splitter->setSizes({160, 600});
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return Path_From_Screen(dialog.selectedFiles().constFirst());

@@ -10,6 +10,7 @@
 #include "ui/hover.h"
 #include "ui/map_click.h"
 #include "ui/plot.h"
+#include "ui/selection.h"
 
 #include <QCoreApplication>
 #include <QGraphicsItem>
@@ -242,20 +243,23 @@ void Map_View::Show_Forces()
     QRectF forces;
     const QRectF picture(0, 0, Picture_Width(), Picture_Height());
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        // A line of communication lies at the map's edge; what is to arrive or attached stands off the picture.
-        if (!SEAT.PICTURE[u] || UNIT[u].TYPE == 50 || !picture.contains(UNIT[u].X, UNIT[u].Y)) continue;
+        // A line of communication lies at the map's edge and is no force.
+        if (!Stands_On_Map(u) || UNIT[u].TYPE == 50) continue;
         forces |= QRectF(UNIT[u].X - 0.5, UNIT[u].Y - 0.5, 1, 1);
     }
     Show_Whole();
     if (forces.isEmpty()) return;
     const QRectF room = forces.adjusted(-80, -80, 80, 80);
     const qreal fit = std::min(viewport()->width() / room.width(), viewport()->height() / room.height());
-    const qreal fill = std::max(viewport()->width() / picture.width(), viewport()->height() / picture.height());
-    Set_Zoom(std::clamp(fit, fill, 2.0), QPointF());
-    // The forces in the middle, but no bare ground beyond the map's edge while there is map to show.
+    // Little bare ground beyond the map's edge: enough for a symbol that stands on it.
+    constexpr qreal EDGE = 16;
+    const qreal fill = std::max((viewport()->width() - 2 * EDGE) / picture.width(),
+                                (viewport()->height() - 2 * EDGE) / picture.height());
+    Set_Zoom(std::max(std::min(fit, 2.0), fill), QPointF());
     const QSizeF half = QSizeF(viewport()->size()) / Zoom() / 2;
-    const auto within = [](qreal at, qreal half_view, qreal length) {
-        return 2 * half_view >= length ? length / 2 : std::clamp(at, half_view, length - half_view);
+    const auto within = [edge = EDGE / Zoom()](qreal at, qreal half_view, qreal length) {
+        const qreal least = half_view - edge, most = length - half_view + edge;
+        return least >= most ? length / 2 : std::clamp(at, least, most);
     };
     Go_To(within(forces.center().x(), half.width(), picture.width()),
           within(forces.center().y(), half.height(), picture.height()));

@@ -4,6 +4,7 @@
 #include "core/seat.h"
 #include "desktop/theme.h"
 #include "terrain/grid.h"
+#include "ui/selection.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -64,7 +65,8 @@ void Overview::paintEvent(QPaintEvent*)
     const qreal scale = area.width() / std::max(1, Picture_Width());
     const auto at = [&](qreal x, qreal y) { return area.topLeft() + QPointF(x, y) * scale; };
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (!SEAT.PICTURE[u] || UNIT[u].STATUS < 1) continue;
+        // A line of communication lies at the map's edge and is no force.
+        if (!Stands_On_Map(u) || UNIT[u].TYPE == 50) continue;
         const QPointF p = at(UNIT[u].X, UNIT[u].Y);
         painter.fillRect(QRectF(p.x() - 2, p.y() - 2, 4, 4), Qt::white);
         painter.fillRect(QRectF(p.x() - 1.5, p.y() - 1.5, 3, 3),

@@ -3,10 +3,12 @@
 #include "core/game_state.h"
 #include "core/seat.h"
 #include "core/shared.h"
+#include "desktop/map/symbols.h"
 #include "desktop/theme.h"
 #include "ui/desk.h"
 #include "ui/hover.h"
 #include "ui/plot.h"
+#include "ui/selection.h"
 
 #include <QPainterPath>
 
@@ -73,6 +75,26 @@ void Draw_Node(QPainter& painter, QPointF at, int number, const QColor& ink, boo
     painter.drawText(QRectF(at.x() - 14, at.y() - 10, 28, 20), Qt::AlignCenter, QString::number(number));
 }
 
+/// Where a unit that is still to arrive will stand: its symbol in a broken frame, and when.
+void Draw_Arrival(QPainter& painter, const Sight& sight, const UNIT_RECORD& u)
+{
+    const QPointF at = sight.At(u.ARX, u.ARY);
+    const int size = Unit_Symbol_Size(sight.ZOOM);
+    const QColor ink = Side_Colour(u.SIDE);
+    painter.setOpacity(0.75);
+    painter.drawPixmap(QPointF(qRound(at.x() - size / 2.0), qRound(at.y() - size / 2.0)),
+                       Unit_Symbol(SelUnit, size, sight.PIXEL_RATIO));
+    painter.setOpacity(1);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(255, 255, 255, 190), 4));
+    painter.drawEllipse(at, size * 0.8, size * 0.8);
+    painter.setPen(QPen(ink, 2, Qt::DashLine));
+    painter.drawEllipse(at, size * 0.8, size * 0.8);
+    painter.setFont(Type_Font(Type::BODY, QFont::DemiBold));
+    Draw_Halo_Text(painter, at + QPointF(size * 0.8 + 6, 5), QStringLiteral("Turn %1").arg(int{u.ATIME}), ink,
+                   Qt::white);
+}
+
 }   // namespace
 
 void Paint_Routes(QPainter& painter, const Sight& sight, int held_row, QPointF held)
@@ -128,11 +150,16 @@ void Paint_Routes(QPainter& painter, const Sight& sight, int held_row, QPointF h
 
 void Paint_Selection(QPainter& painter, const Sight& sight)
 {
-    if (SelUnit < 1 || UNIT[SelUnit].STATUS < 1 || !SEAT.PICTURE[SelUnit]) return;
+    if (SelUnit < 1) return;
     const UNIT_RECORD& u = UNIT[SelUnit];
     painter.save();
     painter.setWorldTransform(QTransform());
     painter.setRenderHint(QPainter::Antialiasing);
+    if (Waits_To_Arrive(SelUnit) && Sees_Plans_Of(u.SIDE)) Draw_Arrival(painter, sight, u);
+    if (!Stands_On_Map(SelUnit)) {
+        painter.restore();
+        return;
+    }
     const QPointF at = sight.At(u.X, u.Y);
     const QColor ink = Side_Colour(u.SIDE);
     const auto ring = [&](qreal radius, const QPen& pen, const QBrush& brush) {

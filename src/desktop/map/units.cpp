@@ -5,6 +5,7 @@
 #include "desktop/map/symbols.h"
 #include "desktop/theme.h"
 #include "ui/desk.h"
+#include "ui/selection.h"
 
 #include <algorithm>
 #include <cmath>
@@ -133,8 +134,8 @@ void Unit_Layer::Paint(QPainter& painter, const Sight& sight)
                            QColor(255, 255, 255, 215));
     };
     for (int u = 1; u <= MAX_UNIT; ++u)
-        if (u != SelUnit && SEAT.PICTURE[u] && UNIT[u].STATUS > 0) draw(u);
-    if (SelUnit > 0 && SEAT.PICTURE[SelUnit] && UNIT[SelUnit].STATUS > 0) draw(SelUnit);
+        if (u != SelUnit && Stands_On_Map(u)) draw(u);
+    if (SelUnit > 0 && Stands_On_Map(SelUnit)) draw(SelUnit);
     painter.restore();
 }
 

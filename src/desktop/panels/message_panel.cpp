@@ -15,7 +15,7 @@ namespace sm::desktop {
 
 namespace {
 
-constexpr int ROW_HEIGHT = 21;
+constexpr int ROW_HEIGHT = 22;
 
 QColor Kind_Colour(Message_Kind kind)
 {
@@ -72,7 +72,7 @@ QVariant Message_Model::data(const QModelIndex& index, int role) const
         if (index.column() == PLACE) return colour::INK_SOFT;
         return SITREPLIST[row].SIDE == BOTH ? colour::INK : Side_Colour(SITREPLIST[row].SIDE);
     case Qt::FontRole:
-        return Type_Font(Type::SMALL, index.column() == KIND ? QFont::DemiBold : QFont::Normal);
+        return Type_Font(Type::BODY, index.column() == KIND ? QFont::DemiBold : QFont::Normal);
     default:
         return {};
     }
@@ -155,8 +155,8 @@ Message_Panel::Message_Panel(QWidget* parent) : QFrame(parent)
     view_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view_->horizontalHeader()->setFixedHeight(20);
     view_->horizontalHeader()->setHighlightSections(false);
-    view_->setColumnWidth(Message_Model::KIND, 74);
-    view_->setColumnWidth(Message_Model::PLACE, 84);
+    view_->setColumnWidth(Message_Model::KIND, 80);
+    view_->setColumnWidth(Message_Model::PLACE, 88);
     connect(view_, &QTableView::clicked, this, [this](const QModelIndex& i) {
         if (On_Chosen) On_Chosen(model_.Row_At(i.row()));
     });

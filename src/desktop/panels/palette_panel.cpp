@@ -44,7 +44,9 @@ void Add_Rows(QVBoxLayout& column, Palette palette, const Actions& actions, QWid
             n = 0;
         }
         auto* button = new Command_Button(action, parent);
-        const bool wide = QFontMetrics(Type_Font(Type::BODY)).horizontalAdvance(action->text()) > 94;
+        if (row.ID == Cmd::PLOT_LIST) button->setObjectName(QStringLiteral("cmdPlot"));
+        const bool wide = QFontMetrics(Type_Font(Type::BODY)).horizontalAdvance(action->text()) > 94 ||
+                          palette == Palette::MAIN || Command(row.ID).CAPTION_NOW != nullptr;
         if (wide && n % 2 == 1) ++n;
         grid->addWidget(button, n / 2, n % 2, 1, wide ? 2 : 1);
         n += wide ? 2 : 1;
@@ -139,11 +141,12 @@ void Palette_Panel::Phase(const QString& title)
     QString text;
     for (int i = 0; i < told_.size(); ++i) {
         const bool now = i + 1 == told_.size();
-        text += QStringLiteral("<p style='margin:3px 0;font-size:12px;%1'>%2&nbsp; %3</p>")
+        text += QStringLiteral("<tr style='%1'><td style='padding:2px 6px 2px 0'>%2</td>"
+                               "<td style='padding:2px 0'>%3</td></tr>")
                     .arg(now ? QStringLiteral("font-weight:600;color:#23527c") : QStringLiteral("color:#66727e"),
                          now ? QStringLiteral("&#9656;") : QStringLiteral("&#10003;"), told_[i].toHtmlEscaped());
     }
-    phases_->setText(text);
+    phases_->setText(QStringLiteral("<table cellspacing='0'>%1</table>").arg(text));
 }
 
 void Palette_Panel::Refresh()
@@ -153,9 +156,12 @@ void Palette_Panel::Refresh()
     const auto planned = [](int side) {
         return DESK.PLANNED[side] ? QStringLiteral("has planned") : QStringLiteral("has not planned yet");
     };
+    QStringList planners;
+    if (Command_Offered(Cmd::SIDE_BLUE)) planners.append(QStringLiteral("Blue %1.").arg(planned(BLUE)));
+    if (Command_Offered(Cmd::SIDE_RED)) planners.append(QStringLiteral("Red %1.").arg(planned(RED)));
     state_->setText(GameLoaded == 0  ? QStringLiteral("Open a game first.")
                     : GameOver == -1 ? QStringLiteral("The battle is over.")
-                                     : QStringLiteral("Blue %1.\nRed %2.").arg(planned(BLUE), planned(RED)));
+                                     : planners.join(QLatin1Char('\n')));
     title_->setText(ActiveSide == RED ? QStringLiteral("Orders of Red") : QStringLiteral("Orders of Blue"));
     title_->setStyleSheet(QStringLiteral("color: %1;").arg(Side_Colour(ActiveSide).name()));
     const bool own = SelUnit > 0 && (UNIT[SelUnit].SIDE == ActiveSide || UserSide == 5);

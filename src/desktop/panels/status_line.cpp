@@ -6,11 +6,14 @@
 #include <QLabel>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace sm::desktop {
 
 namespace {
 
 constexpr const char* SOFT = "color: #b8c4d0; font-size: 12px;";
+constexpr int MARGIN = 12, SPACING = 16;
 
 }   // namespace
 
@@ -19,8 +22,8 @@ Status_Line::Status_Line(QWidget* parent) : QWidget(parent)
     setObjectName(QStringLiteral("statusLine"));
     setFixedHeight(27);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(12, 0, 12, 0);
-    row->setSpacing(16);
+    row->setContentsMargins(MARGIN, 0, MARGIN, 0);
+    row->setSpacing(SPACING);
     words_ = new QLabel(this);
     words_->setObjectName(QStringLiteral("lblStatus"));
     words_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -36,7 +39,7 @@ Status_Line::Status_Line(QWidget* parent) : QWidget(parent)
         return l;
     };
     nbc_ = field("lblNBC", "NBC: Clear");
-    terrain_ = field("lblTerrain", "TERRAIN: Unrestricted");
+    terrain_ = field("lblTerrain", "TERRAIN: Severely Restricted");
     lat_long_ = field("lblLatLong", "LAT/LONG: 51 00' N  12 00' E");
     utm_ = field("lblUTM", "UTM: WW 0000");
     Say({}, false);
@@ -55,21 +58,36 @@ void Status_Line::Say(const QString& text, bool bright)
 
 void Status_Line::Fit()
 {
-    words_->setText(QFontMetrics(Type_Font(Type::BODY, QFont::DemiBold))
-                        .elidedText(text_, Qt::ElideRight, words_->width() - 6));
+    const QFontMetrics metrics(Type_Font(Type::BODY, QFont::DemiBold));
+    const int wanted = metrics.horizontalAdvance(text_) + 4;
+    const auto taken = [](const QLabel* field) {
+        return SPACING + std::max(field->minimumWidth(), field->sizeHint().width());
+    };
+    int room = width() - 2 * MARGIN;
+    for (const QLabel* field : {nbc_, terrain_, lat_long_, utm_}) room -= taken(field);
+    for (QLabel* field : {lat_long_, nbc_, utm_, terrain_}) {
+        const bool gives_way = room < wanted;
+        field->setVisible(!gives_way);
+        if (gives_way) room += taken(field);
+    }
+    words_->setText(metrics.elidedText(text_, Qt::ElideRight, room));
     words_->setToolTip(words_->text() == text_ ? QString() : text_);
 }
 
 void Status_Line::Point(const Hover_Texts& texts)
 {
-    const auto show = [](QLabel* label, const std::string& text) {
+    bool changed = false;
+    const auto show = [&](QLabel* label, const std::string& text) {
         const QString s = To_Screen(text);
-        if (label->text() != s) label->setText(s);
+        if (label->text() == s) return;
+        label->setText(s);
+        changed = true;
     };
     show(utm_, texts.UTM);
     show(lat_long_, texts.LAT_LONG);
     show(terrain_, texts.TERRAIN);
     show(nbc_, texts.NBC);
+    if (changed) Fit();
 }
 
 void Status_Line::paintEvent(QPaintEvent*)

@@ -20,6 +20,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// Words too long for the line take the room of the pointer's fields, least wanted first.
     void Fit();
     QString text_;
     bool bright_ = false;

@@ -14,7 +14,7 @@ namespace sm::desktop {
 
 namespace {
 
-constexpr int LINE_HEIGHT = 15, SYMBOL = 40, GAP = 12;
+constexpr int LINE_HEIGHT = 17, SYMBOL = 36, GAP = 10;
 
 /// "MORALE: High": the caption stands back, the value stands out.
 QString Rich(const QString& line)
@@ -68,7 +68,6 @@ QLabel* Status_Panel::Line(std::size_t index)
         auto* label = new QLabel(this);
         label->setObjectName(QStringLiteral("lblStatus%1").arg(lines_.size()));
         label->setTextFormat(Qt::RichText);
-        label->setStyleSheet(QStringLiteral("font-size: 12px;"));
         label->setFixedHeight(LINE_HEIGHT);
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         lines_.push_back(label);
@@ -98,8 +97,8 @@ void Status_Panel::Refresh()
         kind = QStringLiteral("Bad Data for Unit: ") + To_Screen(u.NAME);
     kind_->setText(kind);
 
-    // Two columns; a line too long for the left one takes its row alone, and the right column goes on below it.
-    const QFontMetrics metrics(Type_Font(Type::SMALL, QFont::DemiBold));
+    // Two columns; a line too long for its column takes a row alone, and the other column goes on below it.
+    const QFontMetrics metrics(Type_Font(Type::BODY, QFont::DemiBold));
     const int room = width() - 18 - GAP, left = room * 53 / 100, right = room - left;
     std::size_t used = 0;
     const auto put = [&](const std::string& text, int row, int column, int span, int most) {
@@ -112,9 +111,18 @@ void Status_Panel::Refresh()
     };
     std::size_t l = 0, r = 0;
     for (int row = 0; l < texts.LEFT.size() || r < texts.RIGHT.size(); ++row) {
-        const bool alone = l < texts.LEFT.size() && metrics.horizontalAdvance(To_Screen(texts.LEFT[l])) > left;
-        if (l < texts.LEFT.size()) put(texts.LEFT[l++], row, 0, alone ? 2 : 1, alone ? room + GAP : left);
-        if (!alone && r < texts.RIGHT.size()) put(texts.RIGHT[r++], row, 1, 1, right);
+        const auto long_for = [&](const std::vector<std::string>& lines, std::size_t at, int most) {
+            return at < lines.size() && metrics.horizontalAdvance(To_Screen(lines[at])) > most;
+        };
+        if (long_for(texts.LEFT, l, left)) {
+            put(texts.LEFT[l++], row, 0, 2, room + GAP);
+        } else if (l >= texts.LEFT.size() && long_for(texts.RIGHT, r, right)) {
+            put(texts.RIGHT[r++], row, 0, 2, room + GAP);
+        } else {
+            if (l < texts.LEFT.size()) put(texts.LEFT[l++], row, 0, 1, left);
+            if (r < texts.RIGHT.size() && !long_for(texts.RIGHT, r, right))
+                put(texts.RIGHT[r++], row, 1, 1, right);
+        }
     }
     for (std::size_t i = used; i < lines_.size(); ++i) lines_[i]->hide();
 }
