@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -80,11 +81,17 @@ fs::path Choose_Home(const std::string& asked)
     return fs::path(desktop::Path_From_Screen(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
 }
 
+/// "1280x960" and its like; false for any size that is not accepted.
+bool Read_Size(const std::string& asked, int& width, int& height)
+{
+    return std::sscanf(asked.c_str(), "%dx%d", &width, &height) == 2 && Screen_Size_Accepted(width, height);
+}
+
 /// The window's size: asked for, or the largest accepted one that fits. False when the desktop is too small.
 bool Choose_Size(const std::string& asked, QSize& size)
 {
     int width = 0, height = 0;
-    if (std::sscanf(asked.c_str(), "%dx%d", &width, &height) == 2 && Screen_Size_Accepted(width, height)) {
+    if (Read_Size(asked, width, height)) {
         size = QSize(width, height);
         return true;
     }
@@ -113,6 +120,10 @@ int main(int argc, char** argv)
 {
     Arguments arguments;
     if (const int status = Read_Arguments(argc, argv, arguments); status >= 0) return status;
+    if (int width = 0, height = 0; !arguments.SIZE.empty() && !Read_Size(arguments.SIZE, width, height)) {
+        std::fprintf(stderr, "stonemarch: no such size: %s (see --help)\n", arguments.SIZE.c_str());
+        return 2;
+    }
 
     desktop::Sound_Player::Choose_Backend();
     QCoreApplication::setApplicationName(QStringLiteral("stonemarch"));
@@ -123,7 +134,10 @@ int main(int argc, char** argv)
     QSize size;
     const bool fits = Choose_Size(arguments.SIZE, size);
     const fs::path home = Choose_Home(arguments.HOME);
-    const std::string fault = Make_Program_Folder(home, Stock_Folder());
+    std::string fault = Make_Program_Folder(home, Stock_Folder());
+    if (fault.empty() && access(home.c_str(), W_OK | X_OK) != 0)
+        fault = "Cannot write to the folder \"" + home.string() + "\": " + std::strerror(errno) +
+                ". Games are played, but not saved there.";
     Set_Program_Folder(home);
     const QSize desktop_size = QGuiApplication::primaryScreen()->size();
     Start_Up(fits ? size.width() : desktop_size.width(), fits ? size.height() : desktop_size.height());

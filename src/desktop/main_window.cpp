@@ -414,6 +414,7 @@ bool Main_Window::eventFilter(QObject* object, QEvent* event)
     if ((type != QEvent::KeyPress && type != QEvent::KeyRelease) || !isActiveWindow() ||
         QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr)
         return QMainWindow::eventFilter(object, event);
+    if (!map_->isVisible()) return QMainWindow::eventFilter(object, event);   // there Space presses a button
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() == Qt::Key_Space) {
         if (!key->isAutoRepeat()) map_->Hold_Pan(type == QEvent::KeyPress);
