@@ -28,6 +28,7 @@ void Fill_LOC(const LOC& loc)
 {
     UNIT_RECORD& u = UNIT[loc.ROW];
     u.NAME = loc.NAME;
+    u.NATION = "";
     u.IMAGE = loc.IMAGE;
     u.TYPE = 50;
     u.SIDE = loc.SIDE;

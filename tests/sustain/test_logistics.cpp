@@ -274,9 +274,11 @@ TEST(Arrivals, LinesOfCommunicationAreMadeOncePerSideAndKeepTheirPlace)
     EXPECT_EQ(UNIT[600].X, 60);
     Place_Unit(300, 155, 155);
     UNIT[300].RCP2 = 0.2f;
+    UNIT[300].NATION = "U.S.";
     LOC_Phase();
     EXPECT_EQ(UNIT[300].X, 155);
     EXPECT_EQ(UNIT[300].RCP2, 1.0f);
+    EXPECT_EQ(UNIT[300].NATION, "");
     Remove_Unit(600);
     LOC_Phase();
     EXPECT_EQ(UNIT[600].TYPE, 50);
