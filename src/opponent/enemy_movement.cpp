@@ -120,6 +120,8 @@ int Choose_Passenger(int lift)
 void Plan_Air_Assault(int lift)
 {
     UNIT_RECORD& l = UNIT[lift];
+    // Its fuel was spent on the way: whoever is aboard gets off here, or both would wait for ever.
+    if (l.MOVESTATUS == 0 && l.NUMBER_OF_NODES > 0) Clear_Route(lift);
     if (l.STATUS < 2 || l.LOGSTATN < 1 || l.NUMBER_OF_NODES > 0) return;
     const int objective = Choose_Landing(l.SIDE);
     if (objective == 0) return;

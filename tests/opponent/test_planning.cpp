@@ -421,4 +421,14 @@ TEST(EnemyMovement, AnAirAssaultIsPlannedWithItsZonesAndItsWayHome)
     Plan_Movement(PLAN{RED, 1, false});   // a flight under way is not planned again
     EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 3);
     EXPECT_EQ(RSEED, seed);
+
+    // Out of fuel short of its zone, with the infantry aboard: the infantry gets off, and the lift plans anew.
+    UNIT[lift].PASSENGER = inf;
+    Place_Off_Picture(inf);
+    UNIT[lift].MOVESTATUS = 0;
+    Next_Roll(100);   // no objective is taken this time
+    Plan_Movement(PLAN{RED, 1, false});
+    EXPECT_EQ(UNIT[inf].X, 100);
+    EXPECT_EQ(UNIT[inf].CARRIER, 0);
+    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 0);
 }
