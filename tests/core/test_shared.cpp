@@ -88,20 +88,6 @@ TEST(Shared, FootprintFollowsEchelonStrengthAndPosture)
     EXPECT_EQ(UNIT[u].FOOTPRINT, 27.0f);   // small maps: at least 27 pixels
 }
 
-TEST(Shared, AScreenLineStandsAcrossTheFacing)
-{
-    Board board(40, 40, 10);
-    const int u = board.Place(BLUE, 200, 200);
-    UNIT[u].TACOPN = 3;
-    UNIT[u].FOOTPRINT = 100;
-    UNIT[u].FACING = 90;   // east: the left end lies north, the right end south, 70 pixels off
-    Set_Screen(u);
-    EXPECT_EQ(UNIT[u].LX, 200);
-    EXPECT_EQ(UNIT[u].LY, 130);
-    EXPECT_EQ(UNIT[u].RX, 200);
-    EXPECT_EQ(UNIT[u].RY, 270);
-}
-
 TEST(Messages, RowsRunTo299AndTrafficLoadsUnitAndHeadquarters)
 {
     Board board(10, 10);

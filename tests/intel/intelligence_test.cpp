@@ -73,19 +73,6 @@ TEST(NAI, SeesEnemiesToFortyPixelsOnceItIsActive)
     EXPECT_EQ(RSEED, 21);   // one roll, for the one unit inside
 }
 
-TEST(NAI, InSmokeAUnitIsSeenAtOnePixelOnly)
-{
-    for (const int pixels : {1, 2}) {
-        Board board(30, 10);
-        GTURN = 5;
-        const int u = board.Place(RED, 100 + pixels, 50);
-        UNIT[u].OBSCURED = 1;
-        Put_Area(7, 12, BLUE, 100, 50, 2);
-        Intelligence_Update();
-        EXPECT_EQ(UNIT[u].SPOTTED, pixels == 1 ? 1 : 0);
-    }
-}
-
 TEST(NAI, HelicoptersThatWaitOnAnAreaLaunchEvenAsItsWatchersDie)
 {
     Board board(30, 10);

@@ -349,19 +349,10 @@ TEST(Works, ABridgeOfTheTerrainAloneCannotBeBlown)
     EXPECT_EQ(Cell_Value(Hex_Of(2, 2)), 7);
 }
 
-TEST(Works, AnAssaultCrossingHoldsAUnitTwoTurnsAndAWaitingRetreatRouteWaitsOn)
+TEST(Works, ARetreatRouteWaitsOnWhileItsUnitWorks)
 {
-    Board board({"...", ".~.", "..."});
-    const int u = board.Place(BLUE, 15, 15), waiting = board.Place(BLUE, 5, 5);
-    UNIT[u].TIMEREGR = 2;
-    UNIT[u].MOVESTATUS = 2;
-    Work(u, 1);
-    EXPECT_EQ(Messages().back(), "B1: Assault crossing will be complete in 1 turn!");
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
-    Work(u, 1);
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
-    EXPECT_EQ(UNIT[u].TIMEREGR, 0);
-    EXPECT_EQ(Rows_Used(), 0);
+    Board board(3, 3);
+    const int waiting = board.Place(BLUE, 5, 5);
     UNIT[waiting].TIMEREGR = 6;
     UNIT[waiting].MOVESTATUS = 6;
     Work(waiting, 1);

@@ -417,19 +417,6 @@ TEST(Movement_Legs, ARetreatRouteIsWalkedOnlyByARetreat)
     EXPECT_EQ(logged, "B1 is attempting to retreat!");
 }
 
-TEST(Movement_Legs, ABrokenChainEndsTheMarchWithAMessage)
-{
-    Board board(10, 1);
-    const int unit = board.Place(BLUE, 5, 5);
-    Plot(unit, {{15, 5}, {25, 5}, {35, 5}});
-    MN[2] = MN_RECORD{};
-    Move_Units(unit);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "Endless Loop"));
-    EXPECT_EQ(UNIT[unit].X, 15);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
-}
-
 TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
 {
     Board board(10, 1);
@@ -480,17 +467,6 @@ TEST(Movement_Phase, UnitsThatAreGoneOrUnderwayElsewhereAreLeftAlone)
     Movement();
     EXPECT_EQ(UNIT[unit].X, 5);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-}
-
-TEST(Movement_Phase, ThePlayerSeesEachCommonStep)
-{
-    Board board(30, 1);
-    const int unit = On_The_Road(board, 30, 2, 3);
-    board.SCREEN.TOLD.clear();
-    Movement();
-    EXPECT_EQ(UNIT[unit].X, 35);
-    // Three steps; with no points left the unit is no mover.
-    EXPECT_EQ(board.SCREEN.Count("delay", ""), 3);
 }
 
 }   // namespace

@@ -152,15 +152,6 @@ TEST(Route, AFlightOf400PointsIsAcceptedAndOneOf401DropsTheRoute)
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 409);
 }
 
-TEST(Route, ARetreatRouteWaits)
-{
-    Board board(4, 1);
-    const int unit = board.Place(BLUE, 5, 5);
-    UNIT[unit].RETREATS = 1;
-    Plot(unit, {{25, 5}});
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 6);
-}
-
 TEST(Route, ABrokenChainIsToldAndDropped)
 {
     Board board(6, 1);
