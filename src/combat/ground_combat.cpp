@@ -348,7 +348,8 @@ bool Screen_Meets(LOOK& look, int e)
     look.FIRED = true;
     Direct_Fire(a, e);
     if (Gone(a)) return false;
-    if (!Gone(e) && !Is_Passive(e) && !Is_Convoy_Of(e, LOGISTICS)) Direct_Fire(e, a);
+    if (Gone(e)) return true;   // the guns that support the screen have destroyed it: nobody to break contact with
+    if (!Is_Passive(e) && !Is_Convoy_Of(e, LOGISTICS)) Direct_Fire(e, a);
     // The screen breaks contact at once.
     if (Breaks_Contact(a)) Retreat_Unit(a);
     if (Gone(a)) return false;

@@ -429,6 +429,25 @@ TEST(Screens, EitherSideMayBreakContactAtOnce)
     }
 }
 
+TEST(Screens, AScreenHoldsWhereItsGunsDestroyedWhoTouchedIt)
+{
+    for (const float strength : {100.0f, 4.0f}) {
+        Meeting m;
+        m.Blue().TACOPN = 3;
+        Set_Footprint(m.B);
+        Set_Screen(m.B);
+        m.Blue().TURNLOSS = 5;   // half of its power is lost to others, 15 % are allowed
+        m.Red().STRENGTH = strength;
+        const int battery = m.BOARD.Place(BLUE, 105, 205, 8, 100.0f);
+        UNIT[battery].PARENT_UNIT = m.B;
+        // 100 x 0.3 x 6 = 180; attacking 0.9, seen once 0.7, battalion 0.2, tracks 0.3, armour 0.8, no TAI 0.5,
+        // command 0.65 = 1.77 of 10 points, 17 %. A target of 4 % is gone, one of 100 % stays and fires.
+        Engage_Unit(m.B, FIRE);
+        EXPECT_EQ(m.Red().STATUS > 0, strength == 100);
+        EXPECT_EQ(Posted("B1: We are retreating!"), strength == 100);
+    }
+}
+
 TEST(Screens, FindWorksOfTheEnemyUnderAnyOfTheirPoints)
 {
     const auto found = [](int pixels, int type, int side = RED) {
