@@ -32,6 +32,11 @@ TEST(AirDefenceFire, PowerIsTenfoldForAirDefenceTwofoldByDayAndSmallForSmallArms
     EXPECT_EQ(UNIT[sam].FATIGUE, 1);
     UNIT[sam].EWSTATUS = 5;
     EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 43.56f * 0.66f);
+    UNIT[sam].EWSTATUS = 0;
+    UNIT[sam].MORALE = 0;
+    UNIT[sam].FATIGUE = 16;
+    UNIT[sam].SUPPRESSED = 4;   // 0.3 x 0.8 x 0.6 = 0.144 of 40
+    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 5.76f);
     const int tanks = board.Place(RED, 50, 50);
     UNIT[tanks].MORALE = 0;   // does not matter for small arms
     const int slot = Place_Mission(BLUE, 4, 50, 50, 0, 5, 3);
@@ -99,12 +104,13 @@ TEST(AirDefenceFire, WithoutAnyPowerAFifthOfTheShotsTouch)
     const int sam = Place_Air_Defence(board, RED, 50, 50);
     UNIT[sam].RCP2 = 0;
     const int flyer = Place_In_The_Air(board, BLUE, 150, 50, 11, 10.0f);
-    Next_Roll(19);
+    Roll_Next(19);
     EXPECT_EQ(ADA_Fire(100, sam, flyer, 150, 50, 3, 0).ROLL, 19);
     EXPECT_FLOAT_EQ(BADAL, 0.1f);
-    Next_Roll(21);
+    Roll_Next(21);
     ADA_Fire(100, sam, flyer, 150, 50, 3, 0);
     EXPECT_FLOAT_EQ(BADAL, 0.1f);
+    EXPECT_FLOAT_EQ(UNIT[sam].RSF2, 2.85f);   // two shots at 0.05, halved, of 3
 }
 
 TEST(AirDefence, AStrikeIsDisruptedWhenTheRollAndItsSortiesAreWithinThePower)
@@ -112,7 +118,7 @@ TEST(AirDefence, AStrikeIsDisruptedWhenTheRollAndItsSortiesAreWithinThePower)
     Board board(60, 60);
     const int sam = Place_Air_Defence(board, RED, 150, 50);
     const int slot = Place_Mission(BLUE, 3, 150, 50, 0, 11, 2);
-    Next_Roll(35);   // 35 + 2 x 4 = 43, at most 43.56
+    Roll_Next(35);   // 35 + 2 x 4 = 43, at most 43.56
     ADA_Engage(0, 0, BLUE, 150, 50, 4, slot);
     EXPECT_EQ(StrikeDisrupted, 1);
     EXPECT_FLOAT_EQ(BADAL, 1.0f);
@@ -121,25 +127,13 @@ TEST(AirDefence, AStrikeIsDisruptedWhenTheRollAndItsSortiesAreWithinThePower)
     EXPECT_EQ(UNIT[sam].SPOTTED, 1);
     EXPECT_EQ(UNIT[sam].FIREMISSIONN, 0);
     UNIT[sam].FATIGUE = 0;
-    Next_Roll(37);
+    Roll_Next(37);
     ADA_Engage(0, 0, BLUE, 150, 50, 4, slot);   // 45
     EXPECT_EQ(StrikeDisrupted, 1);
     UNIT[sam].FATIGUE = 0;
-    Next_Roll(10);
+    Roll_Next(10);
     ADA_Engage(0, 0, BLUE, 150, 50, 3, slot);   // (10 + 8) x 3 = 54 against bombers
     EXPECT_EQ(StrikeDisrupted, 1);
-}
-
-TEST(AirDefence, SEADFiresFirstAndMaySilenceTheBattery)
-{
-    Board board(60, 60);
-    const int sam = Place_Air_Defence(board, RED, 150, 50);
-    const int guns = Place_Battery(board, BLUE, 50, 50, 2);
-    const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 11, 2);
-    ADA_Engage(1, 0, BLUE, 150, 50, 4, slot);
-    EXPECT_EQ(UNIT[guns].FIREMISSIONN, 1);
-    EXPECT_GT(RARTYL, 0);
-    EXPECT_EQ(UNIT[sam].SPOTTED, 1);
 }
 
 TEST(AirDefence, GroundUnitsUnderAStrikeFireToo)
@@ -166,22 +160,30 @@ TEST(AirDefence, GroundUnitsUnderAStrikeFireToo)
 TEST(SmallArms, WhoSeesALowFlyerFiresAtIt)
 {
     Board board(60, 60);
-    const int tanks = board.Place(RED, 170, 50);   // 20 pixels
+    const int tanks = board.Place(RED, 170, 50, 5, 30.0f);   // 20 pixels
     board.Place(RED, 171, 50);                     // too far
     const int guns = board.Place(RED, 150, 50, 8);
     UNIT[guns].FIREMISSIONN = 3;   // has done its day's work
     const int anti_tank = board.Place(RED, 150, 50, 4);
     const int flyer = Place_In_The_Air(board, BLUE, 150, 50, 12);
+    const int sead = Place_Battery(board, BLUE, 50, 50, 2);
     Small_Arms_Fire(flyer);
     EXPECT_EQ(UNIT[tanks].SPOTTED, 1);
     EXPECT_EQ(UNIT[anti_tank].SPOTTED, 0);   // neither air defence nor one of the others
     EXPECT_EQ(UNIT[flyer].SPOTTED, 1);
     EXPECT_TRUE(board.SCREEN.Heard("status", "B1 receives small arms fire from R301"));
     EXPECT_EQ(board.SCREEN.Count("status", "receives small arms fire"), 1);
-    EXPECT_NEAR(BADAL, 10.0f / 3, 1e-6);   // 4 points, a third of 10 at most
+    EXPECT_NEAR(BADAL, 10.0f / 3, 1e-6);   // some 12 points, a third of 10 at most
+    EXPECT_EQ(UNIT[sead].FIREMISSIONN, 1);   // its guns answer for it
     UNIT[flyer].MOVESTATUS = 8;
     Small_Arms_Fire(flyer);   // on station it keeps its head down
     EXPECT_EQ(board.SCREEN.Count("status", "receives small arms fire"), 1);
+    UNIT[flyer].MOVESTATUS = 9;
+    UNIT[tanks].FIREMISSIONN = 3;
+    Place_Air_Defence(board, RED, 150, 70);   // air defence too has 20 pixels only against what flies low
+    Place_Air_Defence(board, RED, 150, 71);
+    Small_Arms_Fire(flyer);
+    EXPECT_EQ(board.SCREEN.Count("status", "receives small arms fire"), 2);
 }
 
 TEST(SmallArms, AUAVIsSeenOnceInAHundred)

@@ -29,6 +29,7 @@ TEST(AirAttack, FourSortiesTakeSixtyPercentOfATankBattalionByDay)
     // 3 a sortie; outside a TAI 0.5 = 1.5; 4 sorties = 6 of 10 points
     Air_Attack(target, 4, slot);
     EXPECT_FLOAT_EQ(RAIRL, 6.0f);
+    EXPECT_FLOAT_EQ(UNIT[target].RCP2, 4.0f);
     EXPECT_TRUE(Posted("Attack did not occur within an active TAI!"));
     EXPECT_EQ(SITREPLIST[1].SIDE, BLUE);
     EXPECT_TRUE(Posted("Air Strike BDA: R301 lost 60% destroyed"));
@@ -75,9 +76,16 @@ TEST(AirAttack, DisruptionTargetsOfOpportunityAndSmokeWeighAsTold)
     EXPECT_FLOAT_EQ(loss([](auto&, auto&) { StrikeDisrupted = 7; }), plain / 12);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& m) { m.TGHPT = 0; }), plain * 0.6f);   // 1.8 a sortie
     EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.OBSCURED = 1; }), plain / 3);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 1; }), plain * 2);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 5; }), plain * 0.25f);
     EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 6; }), plain * 0.1f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 1; }), plain * 0.8f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 6; }), plain * 0.6f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 18; }), plain * 1.3f);
     EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 25; }), plain * 0.3f);
     EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = -1; }), plain * 1.3f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = 4; }), plain * 0.5f);
+    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = 11, t.MOBILITY = 0; }), plain * 0.4f * 0.5f);
     EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.MOBILITY = 3, t.MOVESTATUS = 1; }), plain * 1.5f * 1.3f);
     EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.MOBILITY = 3, t.MOVESTATUS = 8; }), 0.1f);   // the least
 }
@@ -105,7 +113,7 @@ bool Hits(int target_class, int kind, int sorties, int roll, int disrupted, bool
     TIME_OF_DAY = night ? "Night" : "Day";
     StrikeDisrupted = disrupted;
     const int slot = Place_Mission(BLUE, kind, 155, 55, 0, target_class, sorties);
-    Next_Roll(roll);
+    Roll_Next(roll);
     Air_Attack(0, kind, slot);
     said = Messages().back();
     return said.find("destroyed") != std::string::npos || said.find("successful") != std::string::npos;
@@ -145,13 +153,15 @@ TEST(AirMission, TheNearestKnownUnitOfTheClassIsHuntedAndOfEqualsTheLater)
     Board board(40, 40);
     Own_The_Air();
     Known(board, 150, 70);                      // 2 km
-    const int chosen = Known(board, 150, 30);   // 2 km, later
+    const int chosen = Known(board, 152, 30);   // 2 km, later
     Known(board, 150, 50, 8);                   // another class, nearer
     Known(board, 150, 90);                      // 4 km
     const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 2);
     Air_Mission(slot);
     EXPECT_TRUE(Posted("SITREP: 2 X Air Strike Sorties attack R302"));
+    EXPECT_EQ(TG[slot].TGX, 152);
     EXPECT_EQ(TG[slot].TGY, 30);
+    EXPECT_TRUE(Posted("SITREP: Air strike attacks target!"));
     EXPECT_GT(RAIRL, 0);
     EXPECT_EQ(chosen, 302);
     EXPECT_EQ(StrikeDisrupted, 0);
@@ -191,6 +201,20 @@ TEST(AirMission, PilotsFindWhatTheStaffHasNotAboveEighty)
     EXPECT_TRUE(Posted("SITREP: 2 X Bomber Sorties attack R301"));
 }
 
+TEST(AirMission, AirDefenceIsShelledThenShootsThenTheStrikeHits)
+{
+    Board board(40, 40);
+    Own_The_Air();
+    const int target = Known(board, 150, 50, 4), sam = Known(board, 150, 90, 1);   // anti-tank guns look on
+    UNIT[sam].MXRANGE = 5;
+    const int guns = Place_Battery(board, BLUE, 50, 50, 2);
+    Air_Mission(Place_Mission(BLUE, 4, 150, 50, 0, 5, 1));
+    EXPECT_EQ(UNIT[guns].FIREMISSIONN, 1);
+    EXPECT_TRUE(Posted("SITREP: ADA disrupts air strike!"));   // about 10 x 10 x 2, more than any roll
+    EXPECT_FLOAT_EQ(UNIT[target].RCP2, 9.5f);                  // 3 / 3 (disrupted) x 0.5 (no TAI)
+    EXPECT_EQ(StrikeDisrupted, 0);
+}
+
 TEST(AirMission, AnInterceptionEndsItBeforeAnyAttack)
 {
     Board board(40, 40);
@@ -216,10 +240,16 @@ TEST(AirMission, WorksAndSmokeWithinTenKilometresAreSeenFromTheAir)
     work(1, RED, 245);   // centre (250, 55): 100 pixels
     work(2, RED, 246);   // 101
     work(3, BLUE, 150);
-    Air_Mission(Place_Mission(BLUE, 4, 150, 55, 0, 5, 2));
+    Air_Mission(Place_Mission(BLUE, 4, 150, 55, 0, 5, 2));   // finds nobody, and looks
     EXPECT_EQ(BG[1].BGVISIBLE, 1);
     EXPECT_EQ(BG[2].BGVISIBLE, 0);
     EXPECT_EQ(BG[3].BGVISIBLE, 0);
+    NBC[1].NBCTYPE = 20;
+    NBC[1].NBCSIDE = RED;
+    NBC[1].NBCHEX = Hex_Number(255, 55);   // centre (255, 55)
+    Air_Mission(Place_Mission(BLUE, 4, 155, 55, 0, 11, 2));   // attacks, and looks
+    EXPECT_EQ(BG[2].BGVISIBLE, 1);
+    EXPECT_EQ(NBC[1].NBCVISIBLE, 1);
 }
 
 TEST(Interception, NightDoublesTheRollAFlyerTriplesIt)
@@ -229,7 +259,7 @@ TEST(Interception, NightDoublesTheRollAFlyerTriplesIt)
         AIRSUPER = super;
         TIME_OF_DAY = night ? "Night" : "Day";
         const int unit = unit_type > 0 ? Place_In_The_Air(board, side, 150, 50, unit_type) : 0;
-        Next_Roll(roll);
+        Roll_Next(roll);
         return Intercept_Check(unit, side, 150, 50, kind) == 1;
     };
     EXPECT_TRUE(intercepted(0, BLUE, 4, 50, false));
@@ -284,6 +314,7 @@ TEST(Interception, TheFlyersOwnAirDefenceMayDriveTheFightersOff)
     EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: ADA drives off interceptors!"));
     EXPECT_EQ(StrikeDisrupted, 0);
     EXPECT_EQ(RADAL, 0);
+    EXPECT_EQ(DiceSite, SITE_ADA_INTERCEPTORS);
     UNIT[sam].TACOPN = -1;   // withdrawing: no shot at all, and so no success
     RSEED = 0;
     EXPECT_EQ(Intercept_Check(0, BLUE, 150, 60, 4), 1);

@@ -164,26 +164,29 @@ TEST(FiresPhase, TheSideThatShootsFirstWithGunsStrikesLastFromTheAir)
 {
     const auto order = [](int roll) {
         Board board(40, 40);
-        Next_Roll(roll);
+        Roll_Next(roll);
         const int blue = Place_Battery(board, BLUE, 50, 50), red = Place_Battery(board, RED, 350, 350);
         Place_Mission(BLUE, 1, 200, 10, blue);
         Place_Mission(RED, 1, 300, 10, red);
         Place_Mission(BLUE, 4, 210, 10, 0, 11, 2);
         Place_Mission(RED, 4, 310, 10, 0, 11, 3);
+        Place_Battery(board, BLUE, 150, 390, 2);
+        UNIT[board.Place(RED, 100, 390, 1)].SPOTTED = 1;
+        Place_Area(BLUE, 17, 100, 390);
         Fires_Phase();
         std::string seen;
         for (const Drawing& d : board.SCREEN.DRAWINGS) {
-            if (d.KIND == Draw::IMPACT) seen += d.X2 == 200 ? "b" : "r";
+            if (d.KIND == Draw::IMPACT) seen += d.X2 == 100 ? "s" : d.X2 == 200 ? "b" : "r";
             if (d.KIND == Draw::CENTRE) seen += d.X1 == 210 ? "B" : "R";
         }
         EXPECT_EQ(Count_Used(TG, 1, MAX_TG), 0);
         EXPECT_EQ(UNIT[blue].FIREMISSION, 0);
         return seen;
     };
-    EXPECT_EQ(order(26), "brRB");   // 0.52 rounds to 1
-    EXPECT_EQ(order(73), "brRB");
-    EXPECT_EQ(order(22), "rbBR");   // 0.44 rounds to 0
-    EXPECT_EQ(order(75), "rbBR");   // 1.5 rounds to the even 2
+    EXPECT_EQ(order(26), "sbrRB");   // 0.52 rounds to 1
+    EXPECT_EQ(order(73), "sbrRB");
+    EXPECT_EQ(order(22), "srbBR");   // 0.44 rounds to 0
+    EXPECT_EQ(order(75), "srbBR");   // 1.5 rounds to the even 2
 }
 
 TEST(FiresPhase, OnlyMissionsOfTheTurnAreFlownAndFired)
@@ -219,7 +222,10 @@ TEST(FireArty, EveryEnemyUnderTheAimPointIsShelled)
     EXPECT_EQ(shelled, 2);
     EXPECT_EQ(UNIT[battery].FIREMISSIONN, 2);
     EXPECT_EQ(UNIT[battery].FACING, 90);
-    EXPECT_EQ(UNIT[under].FIREMISSION, 0);
+    EXPECT_GT(RARTYL, 0);
+    EXPECT_NEAR(20 - UNIT[301].RCP2 - UNIT[under].RCP2, RARTYL, 1e-5f);
+    EXPECT_FLOAT_EQ(UNIT[battery].RSF2, 2.85f);   // two fires at 0.05, halved, of 3
+    EXPECT_FALSE(Posted("No casualties"));
 }
 
 TEST(FireArty, AnEmptyPlaceIsReportedAsSuch)
@@ -231,6 +237,7 @@ TEST(FireArty, AnEmptyPlaceIsReportedAsSuch)
     EXPECT_TRUE(Posted("Artillery hits target!\rBDA: No casualties!"));
     EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
     EXPECT_EQ(SITREPLIST[1].UNIT, 0);
+    EXPECT_FLOAT_EQ(UNIT[battery].RSF2, 2.925f);   // 0.05, halved, of 3
 }
 
 TEST(FireArty, ABatteryThatCannotFireIsNotEvenChecked)
@@ -255,7 +262,7 @@ TEST(MissileDefence, AHitStopsTheMissileAndTheBatteryCanStillBeLocated)
     UNIT[guard].MXRANGE = 10;   // 0.75 x (100 + 40 / 2) = 90 pixels
     const int under = board.Place(BLUE, 290, 50);
     const int slot = Place_Mission(RED, 1, 290, 50, battery);
-    Next_Roll(59);   // 59 / 10 is 5: a hit
+    Roll_Next(59);   // 59 / 10 is 5: a hit
     const int before = RSEED;
     Fire_Arty(slot);
     EXPECT_TRUE(board.SCREEN.Heard("status", "ADA WARNING: Theater ballistic missile is inbound!"));
@@ -273,7 +280,7 @@ TEST(MissileDefence, AMissOrAGuardOutOfReachLetsItThrough)
     const int guard = board.Place(BLUE, 200, 50, 3);
     UNIT[guard].MXRANGE = 10;
     board.Place(BLUE, 290, 50);
-    Next_Roll(60);
+    Roll_Next(60);
     Fire_Arty(Place_Mission(RED, 1, 290, 50, battery));
     EXPECT_TRUE(board.SCREEN.Heard("status", "ADA misses theater ballistic missile!"));
     EXPECT_GT(BARTYL, 0);
@@ -298,6 +305,9 @@ TEST(SEAD, AMarkerCallsOnKnownAirDefenceWithinFortyPixels)
     // 20 x 0.3 x 2 = 12; multiplier 4 = 48; offence 0.9 = 43.2; vaguely 0.7 = 30.24; battalion 0.2 = 6.048;
     // tracks 0.3 = 1.8144; air defence 0.6 = 1.08864; command 0.65 = 0.707616
     EXPECT_NEAR(RARTYL, 0.707616f, 1e-6f);
+    // Suppressed by the shells, 82 + 15, by the SEAD, 39 + 20 + 0, and by a loss of 7 %.
+    EXPECT_EQ(UNIT[near].SUPPRESSED, 3);
+    EXPECT_FLOAT_EQ(UNIT[battery].RSF2, 2.925f);
 }
 
 TEST(SEAD, ABatteryFiresThreeTimesATurnAtMostAndOnlyOnThatRole)
@@ -384,7 +394,7 @@ TEST(Counterfire, WhoWatchesDecidesWhetherTheBatteryIsLocated)
         if (c.WATCH == FRIENDS_AT_AIM_POINT) UNIT[friends].CFZ = 1;
         if (c.WATCH == TARGET_ITSELF) UNIT[target].CFZ = 1;
         if (c.WATCH == COMPUTER) PlayType = 3;
-        Next_Roll(c.ROLL);
+        Roll_Next(c.ROLL);
         Counterfire_Check(battery, c.MODE == 2 ? slot : target, c.MODE);
         EXPECT_EQ(Posted("INTREP: Enemy artillery has been located!"), c.LOCATED) << c.WATCH << ' ' << c.ROLL;
         EXPECT_EQ(UNIT[battery].SPOTTED, c.LOCATED ? 1 : 0);
@@ -411,6 +421,9 @@ TEST(Counterfire, MissileBatteriesAreNotAnswered)
     Counterfire(battery);
     EXPECT_EQ(UNIT[guns].FIREMISSIONN, 1);
     EXPECT_TRUE(Posted("SITREP: R301 fires Counterfire!"));
+    // 20 x 0.3 x 5 = 30; twofold 60; offence 0.9 = 54; vaguely 0.7 = 37.8; battalion 0.2 = 7.56; tracks 0.3 =
+    // 2.268; guns 1.2 = 2.7216; command 0.65 = 1.76904
+    EXPECT_NEAR(BARTYL, 1.76904f, 1e-5f);
 }
 
 namespace {
@@ -425,7 +438,8 @@ bool Bridge_Fires(int type, int roll, int enemies_near, bool enemy_on_bridge)
     if (enemy_on_bridge) board.Place(RED, 95, 45);
     const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
     TG[slot].TGHEX = UNIT[board.Place(BLUE, 95, 45)].HEXNUM;
-    Next_Roll(roll);
+    UNIT[engineer].FIREMISSION = 2;   // whatever else it was to do is off
+    Roll_Next(roll);
     Run_Targets(2, 1, 100);
     EXPECT_EQ(UNIT[engineer].FIREMISSION, 0);
     const bool failed = Posted("SPOTREP: B1reports that bridge demolitions failed!");

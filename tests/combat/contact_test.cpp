@@ -178,6 +178,7 @@ TEST(Contact, TheClassesOfBothSayWhoIsSeenWhoHaltsAndWhoFires)
         {8, 5, false, false, true, true, true},     // and of support with manoeuvre
         {13, 18, true, true, true, false, false},   // FIERCE among support
         {51, 5, true, true, true, false, false},    // roles beyond the list are manoeuvre
+        {23, 5, false, false, true, true, false},   // leaflets are not answered
     };
     for (const CASE& c : cases) {
         Meeting m;
@@ -196,6 +197,18 @@ TEST(Contact, TheClassesOfBothSayWhoIsSeenWhoHaltsAndWhoFires)
         EXPECT_EQ(m.Red_Fired(), c.RED_FIRES) << c.BLUE_TYPE << " meets " << c.RED_TYPE;
         EXPECT_EQ(Posted("R301: We are retreating!"),
                   c.RED_FIRES && c.RED_TYPE == 8);   // support leaves a skirmish
+    }
+}
+
+TEST(Contact, EveryRoleIsOfManoeuvreOrOfSupport)
+{
+    // From user-defined (0) to UAV (26); among tanks only manoeuvre shows itself on a look.
+    const std::string_view classes = "SSSSMMMSSSSSSSMSSSSMMMSSMMS";
+    for (int type = 0; type <= 26; ++type) {
+        Meeting m;
+        m.Blue().TYPE = type;
+        Engage_Unit(m.B, LOOK);
+        EXPECT_EQ(m.Blue().VISIBLE == -1, classes[static_cast<std::size_t>(type)] == 'M') << type;
     }
 }
 
@@ -242,18 +255,6 @@ TEST(Contact, PassiveRolesDoNotFireInTheirOwnTurnButAnswer)
     Engage_Unit(withdrawing.B, FIRE);
     EXPECT_FALSE(withdrawing.Blue_Fired());
     EXPECT_TRUE(withdrawing.Red_Fired());
-}
-
-TEST(Contact, AWithdrawingUnitIsChargedForNothing)
-{
-    Meeting m;
-    m.Blue().TACOPN = 4;
-    Engage_Unit(m.B, LOOK);   // among tanks a look is only a look
-    EXPECT_FALSE(m.Blue_Fired());
-    Engage_Unit(m.B, FIRE);
-    EXPECT_TRUE(m.Blue_Fired() && m.Red_Fired());
-    EXPECT_FALSE(m.Supplies_Charged());
-    EXPECT_EQ(m.Blue().X, 205 - 60);
 }
 
 TEST(Contact, AUnitOnHoldStartsNothingAndIsDrawnIntoASkirmish)
@@ -386,6 +387,7 @@ TEST(Screens, SmallTargetsAreSeenFromNinetyAndConvoysShotUp)
         Engage_Unit(m.B, LOOK);
         EXPECT_EQ(DiceSite, SITE_SCREEN_SMALL_TARGET);
         EXPECT_EQ(m.Red().VISIBLE == -1, m.Blue_Fired() || target_posture >= 8);
+        EXPECT_EQ(m.Supplies_Charged(), m.Blue_Fired());
         EXPECT_FALSE(m.Red_Fired());
         return m.Blue_Fired();
     };

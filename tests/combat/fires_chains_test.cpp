@@ -6,7 +6,6 @@
 #include "combat/artillery.h"
 #include "combat/helicopters.h"
 #include "combat/loss.h"
-#include "core/explain.h"
 #include "manoeuvre/aviation.h"
 #include "support/fires.h"
 #include "terrain/grid.h"
@@ -198,58 +197,9 @@ TEST(FiresOnTheMap, ABlownBridgeCarriesNoUnitAnyMoreAndAnObstacleOnItStays)
     Set_Cell(bridge, 18, "Obstacle");
     const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
     TG[slot].TGHEX = bridge;
-    Next_Roll(100);
+    Roll_Next(100);
     Run_Targets(2, 1, 100);
     EXPECT_EQ(Cell_Value(bridge), 16);
     EXPECT_EQ(UNIT[rider].TERTYPE, 16);
     EXPECT_EQ(UNIT[rider].RCP2, 10.0f);
-}
-
-namespace {
-
-std::string EXPLAINED;
-
-std::string Explained_Of(int unit, auto work)
-{
-    EXPLAINED.clear();
-    ExplainUnit = unit;
-    Explain_To([](std::string_view line) { EXPLAINED += Cat(line, "\n"); });
-    work();
-    ExplainUnit = 0;
-    Explain_To(nullptr);
-    return EXPLAINED;
-}
-
-}   // namespace
-
-TEST(Explained, EveryFactorTestAndLossOfAFireIsPrintedAsItWasReckoned)
-{
-    Board board(60, 60);
-    const int sam = board.Place(RED, 150, 60, 1, 0.05f), flyer = Place_In_The_Air(board, BLUE, 150, 50, 11, 9.0f);
-    const auto shot = Explained_Of(sam, [&] { ADA_Fire(10, sam, flyer, 150, 50, 3, 0); });
-    EXPECT_NE(shot.find("R301 fires at aircraft, 10 pixels away\n  morale x 1 = 1\n"), std::string::npos) << shot;
-    EXPECT_NE(shot.find("  combat power x 0.05 = 0.05\n  air defence x 10 = 0.5\n  distance x 1 = 0.5\n"
-                        "  day x 2 = 1\n"),
-              std::string::npos)
-        << shot;
-    EXPECT_NE(shot.find("loss 1, 11%"), std::string::npos) << shot;
-
-    const int slot = Place_Mission(BLUE, 3, 300, 300, 0, 11, 4);
-    Next_Roll(100);
-    StrikeDisrupted = 1;
-    const auto bridge = Explained_Of(1, [&] { Air_Attack(0, 3, slot); });
-    EXPECT_NE(bridge.find("chance 60\n  sorties x 1.1 = 66\n  disrupted x 0.5 = 33\n  roll 50, below 33: missed"),
-              std::string::npos)
-        << bridge;
-
-    const int battery = Place_Battery(board, BLUE, 50, 50);
-    Place_Area(RED, 18, 50, 50);
-    RFIREF = 50;
-    Next_Roll(34);
-    const auto located = Explained_Of(battery, [&] { Counterfire_Check(battery, slot, 2); });
-    EXPECT_NE(located.find(": roll 34, chance 50\n  watched in a call-for-fire zone: located"), std::string::npos)
-        << located;
-    EXPECT_EQ(Explained_Of(599, [&] { Artillery_Attack(battery, sam, 4); }), "");   // another unit's business
-    EXPECT_NE(Explained_Of(sam, [&] { Artillery_Attack(battery, sam, 4); }).find("target's role x 0.6"),
-              std::string::npos);
 }

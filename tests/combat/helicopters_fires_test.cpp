@@ -1,4 +1,5 @@
 #include "combat/helicopters.h"
+#include "manoeuvre/routes.h"
 #include "support/fires.h"
 
 using namespace sm;
@@ -56,18 +57,28 @@ TEST(HelicopterAttack, EachRowOfTheTableActsAsPrinted)
     EXPECT_FLOAT_EQ(plain, 1.05f);   // 0.1 x 0.5 x 21
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.TACOPN = 3; }), plain / 2);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.FACING = 90; }), plain * 1.5f);
+    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MORALE = 0; }), plain * 0.5f);
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MORALE = 1; }), plain * 0.8f);
+    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MORALE = 4; }), plain * 1.2f);
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.FATIGUE = 1; }), plain * 1.1f);
+    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.FATIGUE = 16; }), plain * 0.8f);
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.FATIGUE = 22; }), plain * 0.5f);
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.SUPPRESSED = 3; }), plain * 0.5f);
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.SUPPRESSED = 5; }), plain);
     EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.UCONTROL = 1; }), plain * 1.5f);
+    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.SUPPRESSED = 1; }), plain * 0.9f);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 1; }), plain * 0.6f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 6; }), plain * 0.3f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 12; }), plain * 1.2f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 21; }), plain * 0.2f);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TACOPN = 2; }), plain * 0.6f);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TACOPN = 3; }), plain * 0.3f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TACOPN = 11; }), plain * 0.2f);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOBILITY = 0; }), plain * 0.5f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOBILITY = 1; }), plain * 1.3f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOVESTATUS = 2; }), plain * 1.4f);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOBILITY = 3, t.MOVESTATUS = 9; }), 0);
+    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TYPE = 3; }), plain * 1.5f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TYPE = 9; }), plain * 1.5f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TYPE = 12; }), plain * 0.7f);
     EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.OBSCURED = 1; }), plain * 0.3f);
@@ -161,6 +172,22 @@ TEST(HelicopterSearch, InFlightOrdersComeBeforeTheHunt)
     EXPECT_EQ(Chosen(0, 5, 0, 0, 110), 302);   // but pass for the tanks seen before them
 }
 
+TEST(HelicopterSearch, CrewsTellEveryRoleByAClassOfTheirOwn)
+{
+    // From user-defined (0) to UAV (26); 'A' is class 10, '-' what was seen before, here nothing.
+    const std::string_view classes = "577755522334" "4A--1116" "55-1961";
+    for (int type = 0; type <= 26; ++type) {
+        Board board(60, 60);
+        const int unit = Place_Helicopters(board, 150, 100);
+        const char seen = classes[static_cast<std::size_t>(type)];
+        UNIT[unit].HPTL1 = seen == 'A' ? 10 : seen == '-' ? 8 : seen - '0';
+        board.Place(RED, 150, 70, type);
+        Place_Area(BLUE, 13, 150, 70);
+        AH_Search(unit, 150, 100);
+        EXPECT_EQ(Posted("attack against R301!"), seen != '-') << type;
+    }
+}
+
 TEST(HelicopterSearch, WithoutAmmunitionNobodyIsAttacked)
 {
     Board board(60, 60);
@@ -172,8 +199,12 @@ TEST(HelicopterSearch, WithoutAmmunitionNobodyIsAttacked)
     EXPECT_EQ(UNIT[target].SPOTTED, 1);
     EXPECT_TRUE(Messages().empty());
     UNIT[unit].FIREMISSIONN = 3;   // enough for one, which costs two
+    for (const int x : {250, 350}) Add_Move_Node(unit, Next_Free_Node(unit), x, 100);
+    UNIT[unit].MOVESTATUS = 8;
     AH_Search(unit, 150, 100);
     EXPECT_EQ(UNIT[unit].FIREMISSIONN, 5);
+    EXPECT_TRUE(Posted("B1: Out of ammunition!"));
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 10);
 }
 
 TEST(HelicopterSearch, AHillBeyondTheFootprintHidesTheEnemy)

@@ -107,7 +107,8 @@ TEST(Loss, AnIneffectiveUnitDropsItsTaskAndSaysSoAtEachLoss)
     UNIT[helicopters].STRENGTH = 14;
     Apply_Loss(helicopters, 0.5f);
     EXPECT_EQ(UNIT[helicopters].STATUS, 1);
-    EXPECT_EQ(UNIT[helicopters].NUMBER_OF_NODES, 1);   // an aircraft flies on
+    EXPECT_EQ(UNIT[helicopters].MOVESTATUS, 0);
+    EXPECT_EQ(UNIT[helicopters].NUMBER_OF_NODES, 1);   // an aircraft keeps its route
 }
 
 TEST(Loss, AttachmentsBearTheirShareInPowerAndTheWholePercentInStrength)
@@ -202,12 +203,14 @@ TEST(Loss, BridgesGoBelowFortyAndSuppressedAircraftTurnForHome)
     EXPECT_EQ(UNIT[bridges].BRIDGING, 0);
 
     UNIT[flyer].MOBILITY = 3;
+    for (const int x : {155, 55}) Add_Move_Node(flyer, Next_Free_Node(flyer), x, 55);
     UNIT[flyer].MOVESTATUS = 9;
     UNIT[flyer].SUPPRESSED = 1;
     Apply_Loss(flyer, 0.5f);   // 0.05: one line, to 2
     EXPECT_FALSE(Posted("Aborting"));
     Apply_Loss(flyer, 0.5f);
     EXPECT_TRUE(Posted("B2: Aborting mission due to aircraft losses!"));
+    EXPECT_EQ(UNIT[flyer].MOVESTATUS, 10);
 }
 
 TEST(Loss, ADestroyedUnitReleasesWhatIsAttachedToItAndTakesItsPassengerAlong)

@@ -117,6 +117,28 @@ TEST(Retreat, GroundEndsItAsItsKindSays)
     }
 }
 
+TEST(Retreat, OnlyBlueMeetsWhatWaitsOnTheWayOrUnderAScreen)
+{
+    for (const int side : {BLUE, RED})
+        for (const bool screens : {false, true}) {
+            Board board(40, 3);
+            const int u = board.Place(side, 205, 15);
+            UNIT[board.Place(3 - side, 225, 15)].STATUS = screens ? 0 : 2;
+            PP[1].PPTYPE = 1;
+            PP[1].PPTRIGGER = 2;
+            PP[1].PPX = 175;   // 30 pixels west, met within 40 / 2 + 8: after a step, or under a screen's left end
+            PP[1].PPY = 15;
+            UNIT[u].TACOPN = screens ? 3 : 0;
+            UNIT[u].LX = 150;
+            UNIT[u].LY = 15;
+            if (screens)
+                Engage_Unit(u, 1);
+            else
+                Retreat_Unit(u);
+            EXPECT_EQ(PP[1].PPACTIVE, side == BLUE ? 1 : 0) << side << screens;
+        }
+}
+
 TEST(Retreat, OffTheMapAllIsLostWithoutAWordToAnyone)
 {
     Chase chase("..........", 3);
@@ -149,6 +171,7 @@ TEST(Retreat, ScreenEndsGrowByTheNewPlaceAndAreNothingWhereTheyDoNotFit)
     Retreat_Unit(chase.U);
     EXPECT_EQ(chase.Unit().LX, 0);
     EXPECT_EQ(chase.Unit().LY, 5 + 3 * 15);
+    EXPECT_EQ(chase.Unit().RX, 55 + 45 + 35);
     EXPECT_EQ(chase.Unit().RY, 3 * 15);
 }
 

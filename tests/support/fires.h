@@ -1,26 +1,15 @@
 #pragma once
 // Missions, areas and dice for the tests of fires.
 
-#include "core/dice.h"
 #include "core/game_state.h"
 #include "support/board.h"
+#include "support/dice.h"
 
 #include <gtest/gtest.h>
 
 namespace sm::test {
 
-/// The next roll of the dice gives this value, and the ones after it follow the table from its first place on.
-inline void Next_Roll(int value)
-{
-    for (int place = 1; place <= 100; ++place)
-        if (Dice_Value(place) == value) {
-            RSEED = place - 1;
-            return;
-        }
-    FAIL() << "the dice never show " << value;
-}
-
-/// Rolls made since the last Next_Roll or setting of RSEED to `from`.
+/// Rolls made since the last Roll_Next or setting of RSEED to `from`.
 inline int Rolls_Since(int from) { return RSEED - from; }
 
 /// A target row of this turn in the half of `side`.
