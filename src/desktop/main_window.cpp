@@ -99,7 +99,7 @@ QWidget* Main_Window::Build_Game_Page()
     back_->setToolTip(QStringLiteral("Return to where the map was (Backspace)"));
     back_->move(12, 12);
     back_->hide();
-    connect(back_, &QPushButton::clicked, this, [this] { Go_Back(); });
+    connect(back_, &QPushButton::clicked, this, [this] { Look_Back(); });
     auto* sidebar = new QWidget(board);
     sidebar->setFixedWidth(SIDEBAR);
     auto* side = new QVBoxLayout(sidebar);
@@ -338,7 +338,7 @@ void Main_Window::Go_To_Message(int row)
     const QPointF centre = map_->Seen().center();
     looked_at_.push_back({map_->Zoom(), centre.x(), centre.y()});
     if (map_->Zoom() < 1.5) map_->Set_Zoom(1.5, QPointF());
-    map_->Go_To(SITREPLIST[row].X, SITREPLIST[row].Y);
+    map_->Look_At(QPointF(SITREPLIST[row].X, SITREPLIST[row].Y));
     map_->Mark_Message(QPointF(SITREPLIST[row].X, SITREPLIST[row].Y), true);
     Offer_Back();
 }
@@ -354,7 +354,7 @@ void Main_Window::Offer_Back()
     back_->raise();
 }
 
-void Main_Window::Go_Back()
+void Main_Window::Look_Back()
 {
     if (looked_at_.empty()) return;
     const LOOKED_AT back = looked_at_.back();
@@ -418,10 +418,6 @@ bool Main_Window::eventFilter(QObject* object, QEvent* event)
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() == Qt::Key_Space) {
         if (!key->isAutoRepeat()) map_->Hold_Pan(type == QEvent::KeyPress);
-        return true;
-    }
-    if (type == QEvent::KeyPress && key->key() == Qt::Key_Backspace) {
-        Go_Back();
         return true;
     }
     return QMainWindow::eventFilter(object, event);

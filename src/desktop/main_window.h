@@ -59,6 +59,7 @@ public:
     void Desk_Changed() override;
     void Scroll_Map(int columns, int rows) override;
     void Show_Whole_Map() override;
+    void Look_Back() override;
     void Zoom_Map(int steps) override;
     void Show_Forces() override;
     void Centre_Map(int x, int y) override;
@@ -81,7 +82,6 @@ private:
     };
     QWidget* Build_Game_Page();
     void Go_To_Message(int row);
-    void Go_Back();
     void Offer_Back();
     void Place_On_Map();
     void Order_Menu(QPoint screen);

@@ -127,6 +127,7 @@ constexpr COMMAND TABLE[] = {
     {Cmd::WHOLE_MAP, true, "Whole Map", "Zooms out until all of the map is seen", GAME_ON, [] { The_Window().Show_Whole_Map(); }, nullptr, nullptr},
     {Cmd::ZOOM_IN, true, "Zoom In", "", GAME_ON, [] { The_Window().Zoom_Map(1); }, nullptr, nullptr},
     {Cmd::ZOOM_OUT, true, "Zoom Out", "", GAME_ON, [] { The_Window().Zoom_Map(-1); }, nullptr, nullptr},
+    {Cmd::LOOK_BACK, true, "Back", "Returns to where the map was before a report was shown", GAME_ON, [] { The_Window().Look_Back(); }, nullptr, nullptr},
     // options
     {Cmd::TURN_15, true, "15 min turn", "", NO_TURN, [] { mnuTurnLength_Click(2); }, [] { return TurnLength == 2; }, nullptr},
     {Cmd::TURN_ONE_HOUR, true, "One-hour", "", NO_TURN, [] { mnuTurnLength_Click(1); }, [] { return TurnLength == 1; }, nullptr},
@@ -213,6 +214,7 @@ constexpr KEY_ROW KEYS[] = {
     {"Home", "Whole map", Cmd::WHOLE_MAP},
     {"Page Up", "Zoom in", Cmd::ZOOM_IN},
     {"Page Down", "Zoom out", Cmd::ZOOM_OUT},
+    {"Backspace", "Back from a report's place", Cmd::LOOK_BACK},
     {"R", "Range rings", Cmd::RANGE_RINGS},
     {"O", "Overview map", Cmd::OVERVIEW},
     {"F1", "Help", Cmd::HELP_TURN},
@@ -334,6 +336,7 @@ std::vector<std::string> Key_List()
     std::vector<std::string> lines;
     for (const KEY_ROW& key : KEYS)
         if (Command(key.ID).BUILT) lines.push_back(Cat(key.KEY, "\t", key.MEANING));
+    lines.emplace_back("Space\tHeld down, the mouse drags the map");   // a key that is no command
     return lines;
 }
 

@@ -66,6 +66,7 @@ enum class Cmd {
     WHOLE_MAP,
     ZOOM_IN,
     ZOOM_OUT,
+    LOOK_BACK,
     // options
     TURN_15,
     TURN_ONE_HOUR,

@@ -38,6 +38,7 @@ public:
     virtual void Desk_Changed() {}
     virtual void Scroll_Map(int /*columns*/, int /*rows*/) {}   ///< in scrolling steps
     virtual void Show_Whole_Map() {}
+    virtual void Look_Back() {}   ///< to where the map was before the last jump
     virtual void Zoom_Map(int /*steps*/) {}   ///< in above 0, out below
     virtual void Show_Forces() {}             ///< the forces in the middle of the map, near enough to be read
     virtual void Centre_Map(int /*x*/, int /*y*/) {}   ///< picture pixels

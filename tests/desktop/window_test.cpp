@@ -118,6 +118,23 @@ TEST(Window, ADoubleClickOnAReportShowsThePlaceAndBackReturns)
     EXPECT_FALSE(player.Press("cmdMapBack"));
 }
 
+TEST(Window, APlaceAtTheMapsEdgeIsShownWithoutBareGroundAround)
+{
+    Player player(SMALL);
+    player.Open();
+    Post_Message(2, "SITREP: at the edge", 4, 2, 0, BLUE);
+    player.Wait(20);
+    player.Map().Set_Zoom(2, QPointF(0, 0));
+    auto* list = player.Window().findChild<QTableView*>(QStringLiteral("lstSitrep"));
+    const QPoint row = list->visualRect(list->model()->index(0, 2)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, row);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, row);
+    // 16 pixels of the screen, 8 of the picture, for a symbol that stands on the edge.
+    EXPECT_LT(Distance(player.Map().Seen().topLeft(), QPointF(-8, -8)), 1.5);
+    player.Key(Qt::Key_Backspace);
+    EXPECT_GT(player.Map().Seen().left(), 0);
+}
+
 TEST(Window, TheKindsOfReportsAreFilteredByTheirButtons)
 {
     Player player(SMALL);

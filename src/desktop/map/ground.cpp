@@ -45,6 +45,26 @@ const TERRAIN_LOOK* Look_Of(int value)
     return nullptr;
 }
 
+QString Name_Of(const TERRAIN_LOOK& look)
+{
+    if (&look == &OBSTACLE) return QStringLiteral("Obstacle");
+    if (&look == &FORTIFICATION) return QStringLiteral("Fortification");
+    return QString::fromLatin1(Terrain_Name(look.VALUE));
+}
+
+/// How a look is drawn by an overlay; no brush where it is left out.
+QBrush Brush_Of(const TERRAIN_LOOK& look, bool coloured)
+{
+    QColor c = QColor::fromRgb(look.COLOUR);
+    if (coloured) {
+        c.setAlpha(OVERLAY_ALPHA);
+        return c;
+    }
+    if (look.VALUE == 1) c = QColor(0x3c, 0x7a, 0x2a);   // yellow lines are lost on a map
+    c.setAlpha(look.HATCH == Qt::SolidPattern ? 90 : 210);
+    return look.HATCH == Qt::NoBrush ? QBrush() : QBrush(c, look.HATCH);
+}
+
 QString Last_Part(std::string_view name)
 {
     const auto slash = name.find_last_of("\\/");
@@ -78,6 +98,7 @@ bool Ground::Take_Picture()
 void Ground::Draw_Overlay()
 {
     overlay_ = QImage();
+    legend_.clear();
     const int rows = static_cast<int>(NUMROWS), columns = static_cast<int>(NUMCOLS);
     if (DESK.OVERLAY == 0 || GameLoaded == 0 || rows < 1 || columns < 1 || rows * columns > MAX_HEX) return;
     const bool coloured = DESK.OVERLAY == 1;
@@ -86,27 +107,67 @@ void Ground::Draw_Overlay()
     overlay_.fill(Qt::transparent);
     QPainter painter(&overlay_);
     painter.setPen(Qt::NoPen);
+    std::vector<std::pair<const TERRAIN_LOOK*, QBrush>> seen;
+    bool high = false;
     for (int column = 1; column <= columns; ++column) {
         for (int row = 1; row <= rows; ++row) {
             const int hex = Hex_Of(column, row);
             const QRect cell((column - 1) * side, (row - 1) * side, side, side);
             if (const TERRAIN_LOOK* look = Look_Of(Cell_Value(hex)); look != nullptr) {
-                QColor c = QColor::fromRgb(look->COLOUR);
-                if (coloured) {
-                    c.setAlpha(OVERLAY_ALPHA);
-                    painter.fillRect(cell, c);
-                } else if (look->HATCH != Qt::NoBrush) {
-                    if (look->VALUE == 1) c = QColor(0x3c, 0x7a, 0x2a);   // yellow lines are lost on a map
-                    c.setAlpha(look->HATCH == Qt::SolidPattern ? 90 : 210);
-                    painter.fillRect(cell, QBrush(c, look->HATCH));
-                }
+                const auto known =
+                    std::find_if(seen.begin(), seen.end(), [&](const auto& s) { return s.first == look; });
+                const QBrush brush = known != seen.end() ? known->second : Brush_Of(*look, coloured);
+                if (known == seen.end()) seen.emplace_back(look, brush);
+                if (brush.style() != Qt::NoBrush) painter.fillRect(cell, brush);
             }
             if (Cell_High(hex) > 0) {
+                high = true;
                 painter.setBrush(QColor(0, 0, 0, coloured ? 200 : 110));
                 painter.drawEllipse(QRectF(cell).center() + QPointF(0.5, 0.5), side / 4.0, side / 4.0);
             }
         }
     }
+    std::sort(seen.begin(), seen.end(),
+              [](const auto& a, const auto& b) { return a.first->VALUE < b.first->VALUE; });
+    for (const auto& [look, brush] : seen)
+        if (brush.style() != Qt::NoBrush) legend_.emplace_back(Name_Of(*look), brush);
+    if (high) legend_.emplace_back(QStringLiteral("High ground"), QBrush());
+}
+
+void Ground::Paint_Legend(QPainter& painter, int view_width) const
+{
+    if (legend_.empty()) return;
+    constexpr int LINE = 20, SWATCH = 22, PADDING = 10, MARGIN = 12;
+    painter.save();
+    painter.setWorldTransform(QTransform());
+    painter.setFont(Type_Font(Type::SMALL));
+    int width = 0;
+    for (const auto& [name, brush] : legend_)
+        width = std::max(width, painter.fontMetrics().horizontalAdvance(name));
+    width += SWATCH + 8 + 2 * PADDING;
+    const QRect box(view_width - width - MARGIN, MARGIN, width, static_cast<int>(legend_.size()) * LINE + PADDING);
+    painter.fillRect(box, QColor(251, 252, 253, 235));
+    painter.setPen(colour::LINE);
+    painter.drawRect(box);
+    int y = box.top() + PADDING / 2;
+    for (const auto& [name, brush] : legend_) {
+        const QRect swatch(box.left() + PADDING, y + 4, SWATCH, LINE - 8);
+        painter.fillRect(swatch, QColor(0xf3, 0xef, 0xdd));
+        if (brush.style() != Qt::NoBrush) {
+            painter.fillRect(swatch, brush);
+        } else {
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(0, 0, 0, 200));
+            for (int dot = 0; dot < 3; ++dot)
+                painter.drawEllipse(QPointF(swatch.left() + 4 + 7 * dot, swatch.center().y() + 0.5), 2, 2);
+            painter.setRenderHint(QPainter::Antialiasing, false);
+        }
+        painter.setPen(colour::INK);
+        painter.drawText(QRect(swatch.right() + 9, y, width, LINE), Qt::AlignLeft | Qt::AlignVCenter, name);
+        y += LINE;
+    }
+    painter.restore();
 }
 
 void Ground::Paint(QPainter& painter, const Sight& sight) const

@@ -6,6 +6,9 @@
 #include <QPixmap>
 #include <QString>
 
+#include <utility>
+#include <vector>
+
 namespace sm::desktop {
 
 /// The map picture and the terrain overlay: what lies under everything else and seldom changes.
@@ -18,13 +21,16 @@ public:
     /// Draws the overlay anew: another kind, or cells have changed.
     void Draw_Overlay();
     void Paint(QPainter& painter, const Sight& sight) const;
+    /// What the colours of the overlay mean, in the upper right corner of a view so wide.
+    void Paint_Legend(QPainter& painter, int view_width) const;
     const QImage& Picture() const { return picture_; }
 
 private:
     QString file_;
     QImage picture_;
-    QImage half_;      // for zooming out without noise
-    QImage overlay_;   // some pixels a cell
+    QImage half_;                                      // for zooming out without noise
+    QImage overlay_;                                   // some pixels a cell
+    std::vector<std::pair<QString, QBrush>> legend_;   // of what the overlay shows
 };
 
 }   // namespace sm::desktop

@@ -32,6 +32,7 @@ constexpr int FRAME_MILLISECONDS = 16;
 constexpr int SCROLL_STEP = 96;   // viewport pixels of an arrow key
 constexpr int MARGIN = 160;       // picture pixels that may be scrolled beyond the map
 constexpr int DRAG_THRESHOLD = 5;
+constexpr qreal EDGE = 16;   // bare ground shown beyond the map's edge: enough for a symbol that stands on it
 
 }   // namespace
 
@@ -85,7 +86,10 @@ Map_View::Map_View(QWidget* parent) : QGraphicsView(parent)
         if (message_shown_) Paint_Message_Mark(p, s, message_place_);
     });
     add([this](QPainter& p, const Sight& s) { effects_.Paint(p, s); });
-    add([this](QPainter& p, const Sight& s) { Paint_Scale(p, s, viewport()->height()); });
+    add([this](QPainter& p, const Sight& s) {
+        Paint_Scale(p, s, viewport()->height());
+        ground_.Paint_Legend(p, viewport()->width());
+    });
 
     frame_.setInterval(FRAME_MILLISECONDS);
     frame_.setTimerType(Qt::PreciseTimer);
@@ -251,18 +255,27 @@ void Map_View::Show_Forces()
     if (forces.isEmpty()) return;
     const QRectF room = forces.adjusted(-80, -80, 80, 80);
     const qreal fit = std::min(viewport()->width() / room.width(), viewport()->height() / room.height());
-    // Little bare ground beyond the map's edge: enough for a symbol that stands on it.
-    constexpr qreal EDGE = 16;
     const qreal fill = std::max((viewport()->width() - 2 * EDGE) / picture.width(),
                                 (viewport()->height() - 2 * EDGE) / picture.height());
     Set_Zoom(std::max(std::min(fit, 2.0), fill), QPointF());
+    Look_At(forces.center());
+}
+
+QPointF Map_View::On_Ground(QPointF centre) const
+{
     const QSizeF half = QSizeF(viewport()->size()) / Zoom() / 2;
     const auto within = [edge = EDGE / Zoom()](qreal at, qreal half_view, qreal length) {
         const qreal least = half_view - edge, most = length - half_view + edge;
         return least >= most ? length / 2 : std::clamp(at, least, most);
     };
-    Go_To(within(forces.center().x(), half.width(), picture.width()),
-          within(forces.center().y(), half.height(), picture.height()));
+    return {within(centre.x(), half.width(), Picture_Width()),
+            within(centre.y(), half.height(), Picture_Height())};
+}
+
+void Map_View::Look_At(QPointF place)
+{
+    const QPointF centre = On_Ground(place);
+    Go_To(centre.x(), centre.y());
 }
 
 void Map_View::Go_To(qreal x, qreal y)
@@ -276,7 +289,7 @@ void Map_View::Go_To(qreal x, qreal y)
 void Map_View::Glide_To(qreal x, qreal y)
 {
     fitted_ = false;
-    glide_ = viewportTransform().map(QPointF(x, y)) - QRectF(viewport()->rect()).center();
+    glide_ = viewportTransform().map(On_Ground(QPointF(x, y))) - QRectF(viewport()->rect()).center();
     Animate();
 }
 

@@ -38,7 +38,9 @@ public:
     void Show_Whole();
     /// The forces in the middle, the view filled with map.
     void Show_Forces();
-    void Go_To(qreal x, qreal y);   ///< at once
+    void Go_To(qreal x, qreal y);   ///< this point in the middle, at once
+    /// As near to the middle as the view can have it and stay on the map: at once, or gliding there.
+    void Look_At(QPointF place);
     void Glide_To(qreal x, qreal y);
     void Scroll_Steps(int columns, int rows);
     void Hold_Pan(bool held);   ///< space is down
@@ -66,6 +68,7 @@ private:
     Sight Sight_Now() const;
     QPointF Picture_Point(QPointF viewport) const;
     qreal Least_Zoom() const;
+    QPointF On_Ground(QPointF centre) const;
     void Move_By(QPointF viewport_pixels);
     void Animate();
     void Tick();

@@ -87,7 +87,7 @@ void Overview::Go_To(QPointF point)
     if (GameLoaded == 0) return;
     const QRectF area = Picture_Area();
     const qreal scale = area.width() / std::max(1, Picture_Width());
-    map_.Go_To((point.x() - area.left()) / scale, (point.y() - area.top()) / scale);
+    map_.Look_At((point - area.topLeft()) / scale);
 }
 
 void Overview::mousePressEvent(QMouseEvent* event) { Go_To(event->position()); }
