@@ -28,10 +28,11 @@ struct Arguments {
     bool HASH = false, HASH_PHASES = false, QUIET = false, STATUS = false;
     int TYPE = 0, TURN_LENGTH = 0, ELINT = 0, EXPLAIN = 0;
     std::optional<Computer> COMPUTER;
-    int WORKERS = 0, KEEP = 0;        ///< odds: 0 workers means one for each processor
+    int WORKERS = 0, KEEP = 0;        ///< 0 workers: one for each processor
     int BATTLES = 20, FIRST = 1;      ///< soak
 };
-Arguments Read_Arguments(int argc, char** argv);
+/// Refuses unknown words, options of another command, and contradictions.
+Arguments Read_Arguments(const std::vector<std::string>& words);
 
 void Print(std::string_view text);        ///< code page 1252, printed as UTF-8
 void Print_Line(std::string_view text);
@@ -58,8 +59,13 @@ void Open_Home(const Arguments& a);
 void Open_Game(const Arguments& a, const std::string& file, Printer& printer);
 /// Says who plans the sides from the next turn on.
 void Let_Computer_Plan(Computer computer);
-/// Writes a file whole, or refuses.
-void Write_Out(const std::string& path, std::string_view content);
+/// Refuses a file that cannot be written, before the work whose result it is to hold. An empty path is fine.
+void Refuse_Unwritable(const std::string& path);
+/// Writes all files, each whole, whatever becomes of the others; then refuses if one could not be written.
+struct OUT_FILE {
+    std::string PATH, CONTENT;
+};
+void Write_Out(const std::vector<OUT_FILE>& files);
 
 int Play(const Arguments& a);
 int Check(const Arguments& a);

@@ -4,7 +4,11 @@
 #include "persist/game_file.h"
 #include "persist/safe_file.h"
 
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
 #include <memory>
+#include <unistd.h>
 
 namespace sm {
 
@@ -24,9 +28,30 @@ void Read_Game(const std::string& file)
 
 }   // namespace
 
+void Refuse_Unwritable(const std::string& path)
+{
+    if (path.empty()) return;
+    const std::filesystem::path target(path), folder = target.has_parent_path() ? target.parent_path() : ".";
+    std::error_code fault;
+    if (std::filesystem::is_directory(target, fault)) throw Refusal{Cat(path, ": this is a folder")};
+    if (!std::filesystem::is_directory(folder, fault)) throw Refusal{Cat(path, ": there is no folder ", folder.string())};
+    const bool there = std::filesystem::exists(target, fault);
+    if (access(folder.c_str(), W_OK) != 0 || (there && access(path.c_str(), W_OK) != 0))
+        throw Refusal{Cat(path, ": cannot be written: ", std::strerror(errno))};
+}
+
+void Write_Out(const std::vector<OUT_FILE>& files)
+{
+    std::string faults;
+    for (const OUT_FILE& file : files) {
+        const std::string fault = Write_File_Whole(file.PATH, file.CONTENT);
+        if (!fault.empty()) faults += Cat(faults.empty() ? "" : "; ", fault);
+    }
+    if (!faults.empty()) throw Refusal{faults};
+}
+
 int Check(const Arguments& a)
 {
-    if (a.WORDS.size() != 2) throw Refusal{"check takes one FILE (see --help)"};
     Content_Of(a.WORDS[1]);   // an unreadable file is wrong use, not a fault in it
     bool faults = false;
     for (const File_Fault& f : Check_File(a.WORDS[1])) {
@@ -39,7 +64,6 @@ int Check(const Arguments& a)
 
 int Diff(const Arguments& a)
 {
-    if (a.WORDS.size() != 3) throw Refusal{"diff takes two FILES (see --help)"};
     const auto empty = std::make_unique<Game>(GAME);
     Read_Game(a.WORDS[1]);
     const auto here = std::make_unique<Game>(GAME);

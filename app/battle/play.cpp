@@ -79,7 +79,7 @@ void Open_Game(const Arguments& a, const std::string& file, Printer& printer)
 {
     const FILE_READ found = Read_File_Whole(file, MOST_BYTES);
     if (!found.ERROR.empty()) throw Refusal{found.ERROR};
-    if (a.TYPE == 6 || !Choose_Game_Type(a.TYPE)) throw Refusal{"--type 6 is no game"};
+    if (!Choose_Game_Type(a.TYPE)) throw Refusal{Cat("--type ", To_Text(a.TYPE), " is no game")};
     TurnLength = a.TURN_LENGTH;
     ELINTDetail = a.ELINT;
     MessageDelay = 0;
@@ -92,15 +92,12 @@ void Open_Game(const Arguments& a, const std::string& file, Printer& printer)
     if (a.COMPUTER) Let_Computer_Plan(*a.COMPUTER);
 }
 
-void Write_Out(const std::string& path, std::string_view content)
-{
-    const std::string fault = Write_File_Whole(path, content);
-    if (!fault.empty()) throw Refusal{fault};
-}
-
 int Play(const Arguments& a)
 {
-    if (a.WORDS.size() != 2) throw Refusal{"play takes one FILE (see --help)"};
+    std::vector<std::string> reports;
+    if (!a.REPORT.empty()) reports = {a.REPORT + ".txt", a.REPORT + ".html"};
+    for (const std::string& report : reports) Refuse_Unwritable(report);
+    Refuse_Unwritable(a.SAVE);
     Open_Home(a);
     Printer printer;
     printer.MESSAGES = !a.QUIET;
@@ -115,13 +112,10 @@ int Play(const Arguments& a)
     if (!a.QUIET) Print_Line(Opening(a));
     BATTLE_RECORD record = Begin_Record();
     const bool sound = Play_Turns(a, printer, record);
-    if (!a.QUIET) Print_Line(Cat("\n", Verdict_Text(VSTATUS, record.OVER)));
-    if (!a.SAVE.empty() && !Save_Game_File(a.SAVE, true)) throw Refusal{Cat(a.SAVE, ": cannot be written")};
-    if (!a.REPORT.empty()) {
-        Write_Out(a.REPORT + ".txt", Report_Text(record));
-        Write_Out(a.REPORT + ".html", Report_Html(record));
-        if (!a.QUIET) Print_Line(Cat("After-action report: ", a.REPORT, ".txt and ", a.REPORT, ".html"));
-    }
+    if (!a.QUIET) Print_Line(Cat("\n", Verdict_Text(GTURN, VSTATUS, record.OVER)));
+    const bool saved = a.SAVE.empty() || Save_Game_File(a.SAVE, true);
+    if (!reports.empty()) Write_Out({{reports[0], Report_Text(record)}, {reports[1], Report_Html(record)}});
+    if (!saved) throw Refusal{Cat(a.SAVE, ": cannot be written")};
     Use_Screen(nullptr);
     if (!sound) throw Refusal{"a turn failed; the log in the program folder tells where"};
     return FINE;

@@ -11,6 +11,7 @@
 #include "core/turn_driver.h"
 #include "persist/game_file.h"
 #include "persist/program_folder.h"
+#include "workers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -30,9 +31,12 @@ struct VARIATION {
     }
 };
 
+/// What one battle, or many, have shown.
 struct FINDINGS {
-    int BATTLES = 0, TURNS = 0, BROKEN = 0, FAILED = 0, DIFFERING = 0;
+    int TURNS = 0, BROKEN = 0, FAILED = 0, DIFFERING = 0;
+    std::string LINES;   ///< what is wrong, a line each, code page 1252
     bool Sound() const { return BROKEN + FAILED + DIFFERING == 0; }
+    void Tell(std::string_view line) { LINES += Cat("  ", line, "\n"); }
 };
 
 /// Watches the invariants after each phase, and boxes: none is due in a sound battle but those named.
@@ -138,10 +142,10 @@ bool Soak_Turn(Watch& watch, FINDINGS& findings)
     ++findings.TURNS;
     Forget_Ended_Routes();
     findings.BROKEN += watch.FAULTS.empty() ? 0 : 1;
-    for (const std::string& fault : watch.FAULTS) Print_Line(Cat("  ", fault));
+    for (const std::string& fault : watch.FAULTS) findings.Tell(fault);
     const auto played = std::make_unique<Game>(GAME);
     if (!Load_Text(text, lengths) || !Play_Turn()) {
-        Print_Line("  the saved turn cannot be played");
+        findings.Tell("the saved turn cannot be played");
         ++findings.DIFFERING;
         return false;
     }
@@ -149,7 +153,7 @@ bool Soak_Turn(Watch& watch, FINDINGS& findings)
     int shown = 0;
     for (const std::string& line : Differences(*played, GAME)) {
         if (Lost_By_File(line)) continue;
-        if (shown++ < 5) Print_Line(Cat("  turn ", To_Text(GTURN), ": ", line, " after saving and loading"));
+        if (shown++ < 5) findings.Tell(Cat("turn ", To_Text(GTURN), ": ", line, " after saving and loading"));
     }
     findings.DIFFERING += shown > 0 ? 1 : 0;
     GAME = *played;
@@ -167,41 +171,82 @@ std::vector<std::string> Stock_Scenarios()
     return files;
 }
 
+/// The state that every battle starts from, whichever battles this process has fought before it.
+struct START {
+    Game GAME_;
+    Seat SEAT_;
+};
+
+FINDINGS Fight(const START& start, const Arguments& a, const std::string& file, int battle)
+{
+    GAME = start.GAME_;
+    SEAT = start.SEAT_;
+    Printer printer;
+    printer.MESSAGES = false;
+    Use_Screen(&printer);
+    Arguments open = a;
+    open.COMPUTER = Computer::BOTH_SIDES;
+    Open_Game(open, file, printer);
+    SEAT.WritesFiles = false;
+    Vary_Position(battle);
+    Watch watch;
+    Use_Screen(&watch);
+    FINDINGS findings;
+    while (GTURN < MAXGTURN && Soak_Turn(watch, findings)) {}
+    Use_Screen(nullptr);
+    return findings;
+}
+
+/// The four counts and the lines, as a worker hands them over.
+std::string Packed(const FINDINGS& f)
+{
+    return Cat(To_Text(f.TURNS), " ", To_Text(f.BROKEN), " ", To_Text(f.FAILED), " ", To_Text(f.DIFFERING), " ", f.LINES);
+}
+
+FINDINGS Unpacked(std::string_view packed)
+{
+    FINDINGS f;
+    for (int* count : {&f.TURNS, &f.BROKEN, &f.FAILED, &f.DIFFERING}) {
+        const std::size_t end = packed.find(' ');
+        *count = Parse_Int(packed.substr(0, end)).value_or(0);
+        packed.remove_prefix(end + 1);
+    }
+    f.LINES = packed;
+    return f;
+}
+
 }   // namespace
 
 int Soak(const Arguments& a)
 {
-    if (a.WORDS.size() != 1) throw Refusal{"soak takes no file (see --help)"};
     Open_Home(a);
     const auto scenarios = Stock_Scenarios();
+    const auto file_of = [&](int battle) { return scenarios[static_cast<std::size_t>(battle) % scenarios.size()]; };
     Printer printer;
     printer.MESSAGES = false;
     Use_Screen(&printer);
     Start_Up(1280, 960);
     Close_Log();
-    FINDINGS findings;
-    for (int battle = a.FIRST; battle < a.FIRST + a.BATTLES; ++battle) {
-        const std::string& file = scenarios[static_cast<std::size_t>(battle) % scenarios.size()];
-        Use_Screen(&printer);
-        Arguments open = a;
-        open.COMPUTER = Computer::BOTH_SIDES;
-        Open_Game(open, file, printer);
-        SEAT.WritesFiles = false;
-        Vary_Position(battle);
-        Watch watch;
-        Use_Screen(&watch);
-        ++findings.BATTLES;
-        const bool sound_before = findings.Sound();
-        while (GTURN < MAXGTURN && Soak_Turn(watch, findings)) {}
-        if (sound_before != findings.Sound())
-            Print_Line(Cat("battle ", To_Text(battle), " (", std::filesystem::path(file).filename().string(),
+    const auto start = std::make_unique<START>(START{GAME, SEAT});
+    FINDINGS all;
+    Work_In_Parallel(
+        a.FIRST, a.FIRST + a.BATTLES - 1, a.WORKERS, [&](int battle) { return Packed(Fight(*start, a, file_of(battle), battle)); },
+        [&](int battle, const std::string& result) {
+            const FINDINGS f = Unpacked(result);
+            all.TURNS += f.TURNS;
+            all.BROKEN += f.BROKEN;
+            all.FAILED += f.FAILED;
+            all.DIFFERING += f.DIFFERING;
+            if (f.Sound()) return;
+            Print(f.LINES);
+            Print_Line(Cat("battle ", To_Text(battle), " (", std::filesystem::path(file_of(battle)).filename().string(),
                            ") is not sound: soak --first ", To_Text(battle), " --battles 1"));
-        Use_Screen(nullptr);
-    }
-    Print_Line(Cat(To_Text(findings.BATTLES), " battles, ", To_Text(findings.TURNS), " turns: ", To_Text(findings.BROKEN),
-                   " with a broken invariant, ", To_Text(findings.FAILED), " failed, ", To_Text(findings.DIFFERING),
+        });
+    Use_Screen(nullptr);
+    Print_Line(Cat(To_Text(a.BATTLES), " battles, ", To_Text(all.TURNS), " turns: ", To_Text(all.BROKEN),
+                   " with a broken invariant, ", To_Text(all.FAILED), " failed, ", To_Text(all.DIFFERING),
                    " different after saving and loading"));
-    return findings.Sound() ? FINE : FAULTS_FOUND;
+    return all.Sound() ? FINE : FAULTS_FOUND;
 }
 
 }   // namespace sm

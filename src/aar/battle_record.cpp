@@ -28,7 +28,7 @@ TURN_RECORD State_Of_Turn(const BATTLE_RECORD& record)
     for (int u = 1; u <= MAX_UNIT; ++u) {
         const UNIT_RECORD& r = UNIT[u];
         if (r.STATUS < 1 || r.TYPE == 50) continue;
-        (r.SIDE == BLUE ? t.BLUE_UNITS : t.RED_UNITS) += 1;
+        if (r.SIZE != 100) (r.SIDE == BLUE ? t.BLUE_UNITS : t.RED_UNITS) += 1;
         if (r.PARENT_UNIT == 0 && r.OFFMAP == 0 && Hex_Number(r.X, r.Y) > 0)
             t.UNITS.push_back({u, r.SIDE, r.TYPE, r.SIZE, r.STATUS, r.X, r.Y, Floor_Int(r.STRENGTH)});
     }
@@ -37,10 +37,17 @@ TURN_RECORD State_Of_Turn(const BATTLE_RECORD& record)
 
 }   // namespace
 
+std::string Battle_Name()
+{
+    const std::string name = To_Utf8(GAMEFILE);
+    const std::size_t ending = name.rfind('.');
+    return name.empty() ? "battle" : ending == name.npos || ending == 0 ? name : name.substr(0, ending);
+}
+
 BATTLE_RECORD Begin_Record()
 {
     BATTLE_RECORD record;
-    record.NAME = To_Utf8(GAMEFILE);
+    record.NAME = Battle_Name();
     record.START = Moment();
     record.BLUE_START = BRCP1;
     record.RED_START = RRCP1;

@@ -22,7 +22,7 @@ struct TURN_RECORD {
     int BLUE_POINTS, RED_POINTS;
     int BLUE_LOSS, RED_LOSS;       ///< percent of the power at the start
     int STATUS;                    ///< VSTATUS
-    int BLUE_UNITS, RED_UNITS;     ///< units in play, lines of communication left out
+    int BLUE_UNITS, RED_UNITS;     ///< units in play, without convoys and lines of communication
     std::vector<CAUSE> CAUSES;     ///< sums since the start
     std::vector<int> HOLDERS;      ///< OID of each objective of OBJECTIVES
     std::vector<UNIT_MARK> UNITS;
@@ -43,6 +43,8 @@ struct BATTLE_RECORD {
     std::vector<TURN_RECORD> TURNS;        ///< the state before the first turn comes first
 };
 
+/// Name of the scenario in play without its ending, UTF-8; "battle" when it has none.
+std::string Battle_Name();
 /// Begins the record of the game in play.
 BATTLE_RECORD Begin_Record();
 /// Adds the state of the turn that has just been played; `messages` are its own.

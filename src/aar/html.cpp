@@ -10,31 +10,75 @@ namespace sm {
 
 namespace {
 
-constexpr const char* STYLE =
-    ":root{--blue:#1f5fa8;--red:#b3302b;--ink:#20262d;--line:#d5dbe1;--paper:#fbfbf9}"
-    "body{font:16px/1.5 system-ui,'Segoe UI','DejaVu Sans',sans-serif;color:var(--ink);background:var(--paper);"
-    "max-width:1080px;margin:2rem auto;padding:0 1.5rem}"
-    "h1{font-size:1.6rem;font-weight:600}h2{font-size:1.2rem;margin-top:2.2rem}"
-    ".verdict{font-size:1.35rem;font-weight:600}"
-    "table{border-collapse:collapse;margin:1rem 0}caption{text-align:left;font-weight:600;padding:.3rem 0}"
-    "th,td{padding:.25rem .7rem;border-bottom:1px solid var(--line);text-align:left;font-weight:400}"
-    "tr:first-child th{font-weight:600}.num{text-align:right;font-variant-numeric:tabular-nums}"
-    ".bar{width:14rem}.bar span{display:block;height:.8rem}.bar .blue,.possession td.blue{background:var(--blue)}"
-    ".bar .red,.possession td.red{background:var(--red)}.possession td{color:#fff;text-align:center;min-width:1.2rem}"
-    ".charts{display:flex;flex-wrap:wrap;gap:1rem}figure{margin:0;flex:1 1 30rem}figcaption{font-weight:600}"
-    ".chart{width:100%;background:#fff;border:1px solid var(--line)}.chart .grid{stroke:var(--line)}"
-    ".chart .axis{font-size:11px;fill:#5b6670}.chart .label{font-size:12px}"
-    ".chart polyline{fill:none;stroke-width:2.5}.chart polyline.blue{stroke:var(--blue)}"
-    ".chart polyline.red{stroke:var(--red)}.chart text.blue{fill:var(--blue)}.chart text.red{fill:var(--red)}"
-    ".chart rect.blue{fill:var(--blue)}.chart rect.red{fill:var(--red)}.chart rect.even{fill:#8a949e}"
-    ".map{width:100%;border:1px solid var(--line)}.map .ground{fill:#e9efe0}.map image{opacity:.75}"
-    ".map use.blue{fill:#8cc4f2;stroke:#0b3a6e;stroke-width:1.5}.map use.red{fill:#f59a94;stroke:#7a1511;stroke-width:1.5}"
-    ".map use.out{fill-opacity:.15}.objective{fill:none;stroke:#444;stroke-width:3}.objective.blue{stroke:var(--blue)}"
-    ".objective.red{stroke:var(--red)}.turns input{width:60%;vertical-align:middle}"
-    "details{margin:.4rem 0}summary{cursor:pointer}.messages td{font-size:.9rem;vertical-align:top}"
-    "[hidden]{display:none}@media print{details{display:block}}";
+constexpr const char* STYLE = R"(
+:root { --blue: #1f5fa8; --red: #b3302b; --even: #8a949e; --ink: #20262d; --quiet: #5b6670; --line: #d5dbe1;
+        --paper: #fbfbf9; --pale-blue: #c3dbf1; --pale-red: #f3c9c5; --pale: #eceff1 }
+* { box-sizing: border-box; print-color-adjust: exact; -webkit-print-color-adjust: exact }
+body { font: 16px/1.5 system-ui, 'Segoe UI', 'DejaVu Sans', sans-serif; color: var(--ink); background: var(--paper);
+       max-width: 1160px; margin: 2rem auto; padding: 0 1.5rem }
+h1 { font-size: 1.6rem; font-weight: 600; margin: 0 0 .2rem; overflow-wrap: break-word }
+h2 { font-size: 1.2rem; font-weight: 600; margin: 2.4rem 0 .6rem }
+p { margin: .4rem 0 }
+.quiet { color: var(--quiet); font-size: .9rem }
+.verdict { font-size: 1.35rem; font-weight: 600; border-left: .4rem solid var(--even); padding-left: .8rem; margin: 1rem 0 .4rem }
+.verdict.blue { border-color: var(--blue) } .verdict.red { border-color: var(--red) }
+.side-by-side { display: flex; flex-wrap: wrap; gap: 1.2rem 3rem; align-items: flex-start }
+.wide { overflow-x: auto }
+table { border-collapse: collapse; margin: .4rem 0 1rem }
+caption { text-align: left; font-weight: 600; padding: .3rem 0; white-space: nowrap }
+th, td { padding: .25rem .7rem; border-bottom: 1px solid var(--line); text-align: left; font-weight: 400 }
+th { white-space: nowrap } thead th { font-weight: 600; vertical-align: bottom }
+.num, .num th + th { text-align: right; font-variant-numeric: tabular-nums }
+.num td { text-align: right; font-variant-numeric: tabular-nums }
+td.text, th.text { text-align: left !important; white-space: nowrap }
+.bar { width: 10rem; padding-left: 0 } .bar span { display: block; height: .8rem; min-width: 1px }
+.bar .blue, .key .blue, .possession td.blue { background: var(--blue) }
+.bar .red, .key .red, .possession td.red { background: var(--red) }
+.possession td { color: #fff; text-align: center; padding: .25rem 0; min-width: 2.2rem }
+.possession thead th + th { text-align: center; padding: .25rem 0 }
+.share td { text-align: center; font-variant-numeric: tabular-nums; font-size: .8rem; white-space: nowrap; padding: .3rem .35rem;
+            min-width: 3.4rem }
+.share thead th + th { text-align: center }
+.charts { display: grid; grid-template-columns: repeat(auto-fit, minmax(min(100%, 26rem), 1fr)); gap: 1.2rem }
+figure { margin: 0 } figcaption { font-weight: 600; padding: .3rem 0 }
+.chart { display: block; width: 100%; background: #fff; border: 1px solid var(--line) } .chart .grid { stroke: var(--line) }
+.chart .axis { font-size: 12px; fill: var(--quiet) } .chart .name { font-size: 13px } .chart .count { font-size: 12px }
+.chart polyline { fill: none; stroke-width: 2.5 } .chart polygon { stroke: none; fill-opacity: .13 }
+.chart polyline.blue { stroke: var(--blue) } .chart polyline.red { stroke: var(--red) }
+.chart .blue:not(polyline) { fill: var(--blue) } .chart .red:not(polyline) { fill: var(--red) }
+.chart .even { fill: var(--even) } .bars { min-width: 44rem }
+.key { display: flex; flex-wrap: wrap; gap: .2rem 1.4rem; color: var(--quiet); font-size: .9rem; margin: .5rem 0 }
+.key i { display: inline-block; width: .9rem; height: .9rem; margin-right: .4rem; vertical-align: -.1rem }
+.key svg { width: 1.4rem; height: 1.4rem; margin-right: .3rem; vertical-align: -.4rem }
+.key .even { background: var(--even) }
+.map { display: block; width: 100%; border: 1px solid var(--line) } .map .ground { fill: #e9efe0 } .map image { opacity: .8 }
+use.blue, .sign.blue { fill: #8cc4f2; stroke: #0b3a6e; stroke-width: 1.5 }
+use.red, .sign.red { fill: #f59a94; stroke: #7a1511; stroke-width: 1.5 }
+use.out, .sign.out { fill-opacity: .15 }
+.objective { fill: none; stroke: #444; stroke-width: 3 }
+.objective.blue { stroke: var(--blue) } .objective.red { stroke: var(--red) }
+.number { font-size: 15px; font-weight: 600; fill: var(--ink); stroke: #fff; stroke-width: 3; paint-order: stroke }
+.turns { display: flex; flex-wrap: wrap; gap: .3rem 1rem; align-items: center } .turns label { flex: 1 1 18rem; display: flex; gap: .8rem }
+.turns input { flex: 1 } .turns output { min-width: 13rem; font-weight: 600 }
+.find { display: flex; flex-wrap: wrap; gap: .5rem 1rem; margin: .6rem 0 } .find input { flex: 1 1 18rem }
+.find input, .find select { font: inherit; padding: .25rem .5rem; border: 1px solid var(--line); background: #fff; color: inherit }
+details { margin: .3rem 0 } summary { cursor: pointer; padding: .1rem 0 }
+.messages { width: 100% } .messages td { font-size: .9rem; vertical-align: top; overflow-wrap: break-word }
+.messages td:nth-child(-n + 2) { white-space: nowrap; width: 1% }
+.messages .blue { color: var(--blue) } .messages .red { color: var(--red) }
+[hidden] { display: none }
+@media (max-width: 40rem) { body { padding: 0 .8rem; margin: 1rem auto } th, td { padding: .25rem .4rem } .bar { width: 5rem } }
+@page { margin: 15mm }
+@media print {
+  body { background: none; max-width: none; margin: 0; padding: 0; font-size: 10pt }
+  h2, .turns { break-after: avoid } figure, tr, .verdict, .wide { break-inside: avoid } .turns label, .find { display: none }
+  thead { display: table-header-group } .wide { overflow: visible } .map { max-height: 240mm; width: auto; max-width: 100% }
+  .share, .possession { width: 100% } .share td { font-size: 6.5pt; padding: .2rem .1rem; min-width: 0 }
+  .possession td { min-width: 0 } .bar { width: 7rem } .bars { min-width: 0 }
+  .charts { grid-template-columns: 1fr 1fr }
+})";
 
-constexpr std::size_t MOST_PICTURE_BYTES = 1200000;
+constexpr std::size_t MOST_PICTURE_BYTES = 3200000;   // a map of a thousand pixels square keeps its names readable
 
 std::string Base64(std::string_view bytes)
 {
@@ -109,7 +153,7 @@ std::string Reduced_Bitmap(std::string_view bmp)
 std::string Html_Head(std::string_view title)
 {
     return Cat("<!doctype html><html lang=\"en\"><head><meta charset=\"utf-8\"><meta name=\"viewport\" "
-               "content=\"width=device-width\"><title>",
+               "content=\"width=device-width, initial-scale=1\"><title>",
                Html_Text(title), "</title><style>", STYLE, "</style></head><body>");
 }
 

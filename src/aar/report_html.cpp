@@ -1,193 +1,220 @@
 #include "aar/battle_record.h"
+#include "aar/chart.h"
 #include "aar/html.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace sm {
 
 namespace {
 
-constexpr int CHART_WIDTH = 640, CHART_HEIGHT = 260, MARGIN = 44, LABELS = 72;   ///< room for the names at the right
+constexpr const char* SIDE_CLASS[] = {"none", "blue", "red"};
+const char* Class_Of(int side) { return SIDE_CLASS[side >= 0 && side <= 2 ? side : 0]; }
 
-/// A round step that divides `range` into five or fewer.
-double Tick_Step(double range)
+constexpr const char* BLUE_SIGN = "<rect x=\"-9\" y=\"-6\" width=\"18\" height=\"12\"";
+constexpr const char* RED_SIGN = "<path d=\"M0-9 9 0 0 9-9 0z\"";
+
+std::string Losses(int percent) { return Cat(To_Text(percent), "%"); }
+std::string Power(float value) { return Html_Number(static_cast<double>(value)); }
+
+std::string Summary(const BATTLE_RECORD& r)
 {
-    for (double power = 1;; power *= 10)
-        for (const double step : {power, 2 * power, 5 * power})
-            if (step * 5 >= range) return step;
-}
-
-struct SERIES {
-    const char *NAME, *CLASS;
-    std::function<double(const TURN_RECORD&)> VALUE;
-};
-
-/// A line chart over the turns, zero at the bottom unless a value is below it.
-std::string Line_Chart(const BATTLE_RECORD& r, const char* title, const std::vector<SERIES>& series)
-{
-    double most = 1, least = 0;
-    for (const TURN_RECORD& t : r.TURNS)
-        for (const SERIES& s : series) {
-            most = std::max(most, s.VALUE(t));
-            least = std::min(least, s.VALUE(t));
-        }
-    const int turns = std::max(1, static_cast<int>(r.TURNS.size()) - 1);
-    const double step = Tick_Step(most - least);
-    const int first_tick = Floor_Int(least / step), last_tick = -Floor_Int(-most / step);
-    least = first_tick * step;
-    most = last_tick * step;
-    const auto x = [&](std::size_t i) { return MARGIN + static_cast<double>(i) * (CHART_WIDTH - MARGIN - LABELS) / turns; };
-    const auto y = [&](double value) {
-        return CHART_HEIGHT - MARGIN - (value - least) / (most - least) * (CHART_HEIGHT - 2 * MARGIN);
+    const TURN_RECORD& t = r.TURNS.back();
+    const auto row = [](const char* name, const std::string& blue, const std::string& red) {
+        return Cat("<tr><th>", name, "</th><td>", blue, "</td><td>", red, "</td></tr>");
     };
-    std::string s = Cat("<figure><figcaption>", title, "</figcaption><svg class=\"chart\" viewBox=\"0 0 ", To_Text(CHART_WIDTH),
-                        " ", To_Text(CHART_HEIGHT), "\" role=\"img\">");
-    for (int tick = first_tick; tick <= last_tick; ++tick) {
-        const double value = tick * step;
-        s += Cat("<line class=\"grid\" x1=\"", Html_Number(MARGIN), "\" x2=\"", Html_Number(CHART_WIDTH - LABELS), "\" y1=\"",
-                 Html_Number(y(value)), "\" y2=\"", Html_Number(y(value)), "\"/><text class=\"axis\" x=\"",
-                 Html_Number(MARGIN - 6), "\" y=\"", Html_Number(y(value) + 4), "\" text-anchor=\"end\">",
-                 To_Text(Round_Even(value)), "</text>");
-    }
-    for (std::size_t i = 0; i < r.TURNS.size(); ++i)
-        s += Cat("<text class=\"axis\" x=\"", Html_Number(x(i)), "\" y=\"", Html_Number(CHART_HEIGHT - MARGIN + 18),
-                 "\" text-anchor=\"middle\">", To_Text(r.TURNS[i].TURN), "</text>");
-    for (const SERIES& line : series) {
-        s += Cat("<polyline class=\"", line.CLASS, "\" points=\"");
-        for (std::size_t i = 0; i < r.TURNS.size(); ++i)
-            s += Cat(Html_Number(x(i)), ",", Html_Number(y(line.VALUE(r.TURNS[i]))), " ");
-        s += Cat("\"/><text class=\"label ", line.CLASS, "\" x=\"", Html_Number(CHART_WIDTH - LABELS + 6), "\" y=\"",
-                 Html_Number(y(line.VALUE(r.TURNS.back())) + 4), "\">", line.NAME, "</text>");
-    }
-    return s + "</svg></figure>";
+    return Cat("<table class=\"num\"><caption>Blue and Red</caption><thead><tr><th></th><th>Blue</th><th>Red</th></tr></thead>",
+               row("Victory points", To_Text(t.BLUE_POINTS), To_Text(t.RED_POINTS)),
+               row("Power at the start", Power(r.BLUE_START), Power(r.RED_START)),
+               row("Power now", Power(t.BLUE_POWER), Power(t.RED_POWER)), row("Losses", Losses(t.BLUE_LOSS), Losses(t.RED_LOSS)),
+               row("Units in play", To_Text(t.BLUE_UNITS), To_Text(t.RED_UNITS)), "</table>");
 }
 
 std::string Causes(const TURN_RECORD& last)
 {
     float most = 1;
     for (const CAUSE& c : last.CAUSES) most = std::max({most, c.BLUE_LOSS, c.RED_LOSS});
-    const auto bar = [&](const char* side, float value) {
-        return Cat("<td class=\"num\">", Html_Number(static_cast<double>(value)), "</td><td class=\"bar\"><span class=\"", side,
-                   "\" style=\"width:", Html_Number(static_cast<double>(value / most) * 100), "%\"></span></td>");
+    const auto cells = [most](const char* side, float loss) {
+        const int width = Round_Even(static_cast<double>(loss) / static_cast<double>(most) * 100);
+        return Cat("<td>", Power(loss), "</td><td class=\"bar\"><span class=\"", loss > 0 ? side : "", "\" style=\"width:",
+                   To_Text(std::max(0, width)), "%\"></span></td>");
     };
-    std::string s = "<table><caption>Blue/Red Losses (by Cause), points of combat power</caption>"
-                    "<tr><th></th><th colspan=\"2\">Blue</th><th colspan=\"2\">Red</th></tr>";
+    std::string s = "<table class=\"num\"><caption>Blue/Red Losses (by Cause), points of combat power</caption><thead><tr><th></th>"
+                    "<th>Blue</th><th></th><th>Red</th><th></th></tr></thead>";
     for (const CAUSE& c : last.CAUSES)
-        s += Cat("<tr><th>", Trim(c.NAME), "</th>", bar("blue", c.BLUE_LOSS), bar("red", c.RED_LOSS), "</tr>");
+        s += Cat("<tr><th>", Trim(c.NAME), "</th>", cells("blue", c.BLUE_LOSS), cells("red", c.RED_LOSS), "</tr>");
     return s + "</table>";
+}
+
+std::string Charts(const BATTLE_RECORD& r)
+{
+    std::vector<int> turns;
+    CURVE power[] = {{"BLUFOR", "blue", {}}, {"REDFOR", "red", {}}}, points[] = {{"Blue", "blue", {}}, {"Red", "red", {}}};
+    for (const TURN_RECORD& t : r.TURNS) {
+        turns.push_back(t.TURN);
+        power[0].VALUES.push_back(static_cast<double>(t.BLUE_POWER));
+        power[1].VALUES.push_back(static_cast<double>(t.RED_POWER));
+        points[0].VALUES.push_back(t.BLUE_POINTS);
+        points[1].VALUES.push_back(t.RED_POINTS);
+    }
+    return Cat("<section class=\"charts\">", Html_Chart("Red/Blue Strengths vs Game Turn", turns, {power[0], power[1]}),
+               Html_Chart("Victory points", turns, {points[0], points[1]}), "</section>");
+}
+
+std::string Figures(const BATTLE_RECORD& r)
+{
+    std::string s = "<details><summary>The figures turn by turn</summary><div class=\"wide\"><table class=\"num\"><thead><tr><th>Turn</th>"
+                    "<th class=\"text\">Ends</th><th>Blue power</th><th>Points</th><th>Losses</th><th>Units</th><th>Red power</th>"
+                    "<th>Points</th><th>Losses</th><th>Units</th></tr></thead>";
+    for (const TURN_RECORD& t : r.TURNS) {
+        s += Cat("<tr><th>", To_Text(t.TURN), "</th><td class=\"text\">", Html_Text(t.CLOCK), "</td>");
+        for (const std::string& figure : {Power(t.BLUE_POWER), To_Text(t.BLUE_POINTS), Losses(t.BLUE_LOSS), To_Text(t.BLUE_UNITS),
+                                          Power(t.RED_POWER), To_Text(t.RED_POINTS), Losses(t.RED_LOSS), To_Text(t.RED_UNITS)})
+            s += Cat("<td>", figure, "</td>");
+        s += "</tr>";
+    }
+    return s + "</table></div></details>";
 }
 
 std::string Possession(const BATTLE_RECORD& r)
 {
-    static constexpr const char* CLASS[] = {"none", "blue", "red"};
-    std::string s = "<table class=\"possession\"><caption>Possession of objectives by turn</caption><tr><th>Turn</th>";
+    if (r.OBJECTIVES.empty()) return {};
+    std::string s = "<h2>Possession of objectives by turn</h2><div class=\"wide\"><table class=\"possession\"><thead><tr><th>Objective "
+                    "(value)</th>";
     for (const TURN_RECORD& t : r.TURNS) s += Cat("<th>", To_Text(t.TURN), "</th>");
-    s += "</tr>";
+    s += "</tr></thead>";
     for (std::size_t o = 0; o < r.OBJECTIVES.size(); ++o) {
-        s += Cat("<tr><th>Objective ", To_Text(r.OBJECTIVES[o].OBJECTIVE), " (", To_Text(r.OBJECTIVES[o].VALUE), ")</th>");
+        s += Cat("<tr><th>", To_Text(r.OBJECTIVES[o].OBJECTIVE), " (", To_Text(r.OBJECTIVES[o].VALUE), ")</th>");
         for (const TURN_RECORD& t : r.TURNS) {
-            const int holder = t.HOLDERS[o] >= 0 && t.HOLDERS[o] <= 2 ? t.HOLDERS[o] : 0;
-            s += Cat("<td class=\"", CLASS[holder], "\">", holder == 1 ? "B" : holder == 2 ? "R" : "", "</td>");
+            const int holder = t.HOLDERS[o];
+            s += Cat("<td class=\"", Class_Of(holder), "\">", holder == 1 ? "B" : holder == 2 ? "R" : "", "</td>");
         }
         s += "</tr>";
     }
-    return s + "</table>";
+    return s + "</table></div>";
 }
 
-/// The forces of one turn over the map: Blue rectangles, Red diamonds, hollow when ineffective.
+// ----------------------------------------------------------------------------------------------------------------- map
+
+/// The forces of one turn over the map.
 std::string Forces(const BATTLE_RECORD& r, const TURN_RECORD& t, bool shown)
 {
-    std::string s = Cat("<g class=\"forces\" data-turn=\"", To_Text(t.TURN), shown ? "\">" : "\" hidden>");
-    for (std::size_t o = 0; o < r.OBJECTIVES.size(); ++o) {
-        static constexpr const char* CLASS[] = {"none", "blue", "red"};
-        const int holder = t.HOLDERS[o] >= 0 && t.HOLDERS[o] <= 2 ? t.HOLDERS[o] : 0;
-        s += Cat("<circle class=\"objective ", CLASS[holder], "\" cx=\"", To_Text(r.OBJECTIVES[o].X), "\" cy=\"",
+    std::string s = Cat("<g class=\"forces\" data-clock=\"Turn ", To_Text(t.TURN), ", ", Html_Text(t.CLOCK), shown ? "\">" : "\" hidden>");
+    for (std::size_t o = 0; o < r.OBJECTIVES.size(); ++o)
+        s += Cat("<circle class=\"objective ", Class_Of(t.HOLDERS[o]), "\" cx=\"", To_Text(r.OBJECTIVES[o].X), "\" cy=\"",
                  To_Text(r.OBJECTIVES[o].Y), "\" r=\"16\"/>");
-    }
     for (const UNIT_MARK& u : t.UNITS) {
-        const char* side = u.SIDE == 1 ? "blue" : "red";
-        s += Cat("<use href=\"#", side, "\" x=\"", To_Text(u.X), "\" y=\"", To_Text(u.Y), "\" class=\"", side,
-                 u.STATUS == 1 ? " out" : "", "\"><title>", Html_Text(r.UNIT_NAMES[u.UNIT]), ", ", To_Text(u.STRENGTH),
-                 "%</title></use>");
+        const char* side = Class_Of(u.SIDE);
+        s += Cat("<use href=\"#", side, "\" x=\"", To_Text(u.X), "\" y=\"", To_Text(u.Y), "\" class=\"", side, u.STATUS == 1 ? " out" : "",
+                 "\"><title>", Html_Text(r.UNIT_NAMES[u.UNIT]), ", ", To_Text(u.STRENGTH), "%</title></use>");
     }
     return s + "</g>";
+}
+
+std::string Objective_Numbers(const BATTLE_RECORD& r)
+{
+    std::string s;
+    for (const OBJECTIVE_MARK& o : r.OBJECTIVES)
+        s += Cat("<text class=\"number\" x=\"", To_Text(o.X + 13), "\" y=\"", To_Text(o.Y - 12), "\">", To_Text(o.OBJECTIVE), "</text>");
+    return s;
+}
+
+std::string Map_Key()
+{
+    const auto sign = [](const char* css, const char* shape, const char* words) {
+        return Cat("<span><svg viewBox=\"-12 -12 24 24\">", shape, " class=\"sign ", css, "\"/></svg>", words, "</span>");
+    };
+    const auto ring = [](const char* side, const char* words) {
+        return Cat("<span><svg viewBox=\"-20 -20 40 40\"><circle class=\"objective ", side, "\" r=\"16\"/></svg>", words, "</span>");
+    };
+    return Cat("<p class=\"key\">", sign("blue", BLUE_SIGN, "Blue unit"), sign("red", RED_SIGN, "Red unit"),
+               sign("blue out", BLUE_SIGN, "hollow: combat ineffective"), ring("blue", "objective held by Blue"),
+               ring("red", "by Red"), ring("none", "by nobody"), "<span>names and strengths under the pointer</span></p>");
 }
 
 std::string Map(const BATTLE_RECORD& r)
 {
     const std::string size = Cat("width=\"", To_Text(r.MAP_WIDTH), "\" height=\"", To_Text(r.MAP_HEIGHT), "\"");
-    const std::string picture = Html_Picture(r.MAP_PICTURE);
-    std::string s = Cat("<section><h2>The forces by turn</h2><p class=\"turns\"><label>Turn <input id=\"turn\" type=\"range\" min=\"0\" max=\"",
-                        To_Text(static_cast<int>(r.TURNS.size()) - 1), "\" value=\"",
-                        To_Text(static_cast<int>(r.TURNS.size()) - 1), "\"></label> <output id=\"clock\"></output></p><svg class=\"map\" viewBox=\"0 0 ",
-                        To_Text(r.MAP_WIDTH), " ", To_Text(r.MAP_HEIGHT), "\"><defs>",
-                        "<symbol id=\"blue\" overflow=\"visible\"><rect x=\"-9\" y=\"-6\" width=\"18\" height=\"12\"/></symbol>",
-                        "<symbol id=\"red\" overflow=\"visible\"><path d=\"M0-9 9 0 0 9-9 0z\"/></symbol></defs><rect class=\"ground\" ",
-                        size, "/>");
+    const std::string picture = Html_Picture(r.MAP_PICTURE), last = To_Text(static_cast<int>(r.TURNS.size()) - 1);
+    std::string s = Cat("<h2>The forces by turn</h2><p class=\"turns\"><label>Turn <input id=\"turn\" type=\"range\" min=\"0\" max=\"", last,
+                        "\" value=\"", last, "\"></label><output id=\"clock\">Turn ", To_Text(r.TURNS.back().TURN), ", ",
+                        Html_Text(r.TURNS.back().CLOCK), "</output></p><svg class=\"map\" viewBox=\"0 0 ", To_Text(r.MAP_WIDTH), " ",
+                        To_Text(r.MAP_HEIGHT), "\"><defs><symbol id=\"blue\" overflow=\"visible\">", BLUE_SIGN,
+                        "/></symbol><symbol id=\"red\" overflow=\"visible\">", RED_SIGN, "/></symbol></defs><rect class=\"ground\" ", size, "/>");
     if (!picture.empty()) s += Cat("<image href=\"", picture, "\" ", size, " preserveAspectRatio=\"none\"/>");
     for (std::size_t i = 0; i < r.TURNS.size(); ++i) s += Forces(r, r.TURNS[i], i + 1 == r.TURNS.size());
-    return s + "</svg></section>";
+    return Cat(s, Objective_Numbers(r), "</svg>", Map_Key());
+}
+
+// ------------------------------------------------------------------------------------------------------------ messages
+
+std::string Message_Row(const MESSAGE_MARK& m)
+{
+    static constexpr const char* AUDIENCE[] = {"", "Blue", "Red", "All"};
+    static constexpr std::string_view LOCATION = "Location: ", MESSAGE = " // MSG: ";
+    const std::string text = To_Utf8(m.TEXT);
+    const std::size_t cut = text.find(MESSAGE);
+    const bool placed = text.rfind(LOCATION, 0) == 0 && cut != text.npos;
+    const int side = m.SIDE >= 0 && m.SIDE <= 3 ? m.SIDE : 0;
+    return Cat("<tr><td class=\"", Class_Of(side), "\">", AUDIENCE[side], "</td><td>",
+               Html_Text(placed ? text.substr(LOCATION.size(), cut - LOCATION.size()) : std::string()), "</td><td>",
+               Html_Text(placed ? text.substr(cut + MESSAGE.size()) : text), "</td></tr>");
 }
 
 std::string Messages(const BATTLE_RECORD& r)
 {
-    static constexpr const char* AUDIENCE[] = {"", "Blue", "Red", "All"};
-    std::string s = "<section><h2>Messages</h2>";
+    std::string s = "<h2>Messages</h2><p class=\"find\"><input id=\"find\" type=\"search\" placeholder=\"Find a unit, a place, a word\" "
+                    "aria-label=\"Find in the messages\"><select id=\"audience\" aria-label=\"Audience\"><option value=\"\">to anyone</option>"
+                    "<option>Blue</option><option>Red</option><option value=\"All\">to all</option></select></p>";
     for (const TURN_RECORD& t : r.TURNS) {
         if (t.MESSAGES.empty()) continue;
-        s += Cat("<details", &t == &r.TURNS.back() ? " open" : "", "><summary>Turn ", To_Text(t.TURN), ", ", t.CLOCK, " (",
-                 To_Text(static_cast<int>(t.MESSAGES.size())), ")</summary><table class=\"messages\">");
-        for (const MESSAGE_MARK& m : t.MESSAGES)
-            s += Cat("<tr><td>", AUDIENCE[m.SIDE >= 0 && m.SIDE <= 3 ? m.SIDE : 0], "</td><td>", Html_Text(To_Utf8(m.TEXT)),
-                     "</td></tr>");
+        s += Cat("<details class=\"day\"", &t == &r.TURNS.back() ? " open" : "", "><summary>Turn ", To_Text(t.TURN), ", ", Html_Text(t.CLOCK),
+                 " (<span>", To_Text(static_cast<int>(t.MESSAGES.size())), "</span>)</summary><table class=\"messages\">");
+        for (const MESSAGE_MARK& m : t.MESSAGES) s += Message_Row(m);
         s += "</table></details>";
     }
-    return s + "</section>";
+    return s;
 }
 
-std::string Summary(const BATTLE_RECORD& r)
-{
-    const TURN_RECORD& t = r.TURNS.back();
-    const auto row = [](const char* name, const std::string& blue, const std::string& red) {
-        return Cat("<tr><th>", name, "</th><td class=\"num\">", blue, "</td><td class=\"num\">", red, "</td></tr>");
-    };
-    return Cat("<p class=\"verdict\">", Verdict_Text(t.STATUS, r.OVER), "</p><p>Turn ", To_Text(t.TURN), " of ",
-               To_Text(r.LAST_TURN), ", ", t.CLOCK, "; the battle began at ", r.START, ".</p><table><tr><th></th><th>Blue</th><th>Red</th></tr>",
-               row("Victory points", To_Text(t.BLUE_POINTS), To_Text(t.RED_POINTS)),
-               row("Power at the start", Html_Number(static_cast<double>(r.BLUE_START)), Html_Number(static_cast<double>(r.RED_START))),
-               row("Power now", Html_Number(static_cast<double>(t.BLUE_POWER)), Html_Number(static_cast<double>(t.RED_POWER))),
-               row("Losses", To_Text(t.BLUE_LOSS) + "%", To_Text(t.RED_LOSS) + "%"),
-               row("Units in play", To_Text(t.BLUE_UNITS), To_Text(t.RED_UNITS)), "</table>");
-}
+constexpr const char* SCRIPT = R"(<script>
+const turn = document.getElementById('turn'), clock = document.getElementById('clock'),
+      forces = document.querySelectorAll('.forces'), find = document.getElementById('find'),
+      audience = document.getElementById('audience'), days = document.querySelectorAll('.day');
+turn.oninput = () => {
+  forces.forEach((g, i) => g.toggleAttribute('hidden', i != turn.value));
+  clock.textContent = forces[turn.value].dataset.clock;
+};
+find.oninput = audience.oninput = () => {
+  const word = find.value.trim().toLowerCase(), to = audience.value;
+  for (const day of days) {
+    let found = 0;
+    for (const row of day.querySelectorAll('tr')) {
+      const fits = (!to || row.cells[0].textContent == to) && row.textContent.toLowerCase().includes(word);
+      row.hidden = !fits;
+      found += fits;
+    }
+    day.querySelector('span').textContent = found;
+    day.hidden = !found;
+    if (word) day.open = true;
+  }
+};
+</script>)";
 
-std::string Script(const BATTLE_RECORD& r)
-{
-    std::string clocks;
-    for (const TURN_RECORD& t : r.TURNS) clocks += Cat("\"", To_Text(t.TURN), ", ", Html_Text(t.CLOCK), "\",");
-    return Cat("<script>const clocks=[", clocks, "];const turn=document.getElementById('turn'),"
-               "clock=document.getElementById('clock'),forces=document.querySelectorAll('.forces');"
-               "function show(){forces.forEach((g,i)=>g.toggleAttribute('hidden',i!=turn.value));"
-               "clock.textContent=clocks[turn.value];}turn.oninput=show;show();</script>");
-}
+/// 1 Blue, 2 Red, 0 neither.
+int Winner(int status) { return status >= 1 && status <= 3 ? 2 : status >= 4 && status <= 6 ? 1 : 0; }
 
 }   // namespace
 
 std::string Report_Html(const BATTLE_RECORD& r)
 {
-    const std::string name = r.NAME.empty() ? std::string("Battle") : r.NAME;
-    const auto real = [](float v) { return static_cast<double>(v); };
-    return Cat(Html_Head(Cat("After-action report: ", name)), "<h1>After-action report: ", Html_Text(name), "</h1>", Summary(r),
-               "<section class=\"charts\">",
-               Line_Chart(r, "Red/Blue Strengths vs Game Turn",
-                          {{"BLUFOR", "blue", [&](const TURN_RECORD& t) { return real(t.BLUE_POWER); }},
-                           {"REDFOR", "red", [&](const TURN_RECORD& t) { return real(t.RED_POWER); }}}),
-               Line_Chart(r, "Victory points",
-                          {{"Blue", "blue", [](const TURN_RECORD& t) { return t.BLUE_POINTS; }},
-                           {"Red", "red", [](const TURN_RECORD& t) { return t.RED_POINTS; }}}),
-               "</section>", Causes(r.TURNS.back()), Possession(r), Map(r), Messages(r), Script(r), Html_End());
+    const TURN_RECORD& t = r.TURNS.back();
+    const std::string title = Cat("After-action report: ", r.NAME);
+    return Cat(Html_Head(title), "<h1>", Html_Text(title), "</h1><p class=\"quiet\">Turn ", To_Text(t.TURN), " of ", To_Text(r.LAST_TURN), ", ",
+               Html_Text(t.CLOCK), "; this record begins at ", Html_Text(r.START), ".</p><p class=\"verdict ",
+               Class_Of(t.TURN > 0 ? Winner(t.STATUS) : 0), "\">", Verdict_Text(t.TURN, t.STATUS, r.OVER), "</p><section class=\"side-by-side\">",
+               Summary(r), Causes(t), "</section>", Charts(r), Figures(r), Possession(r), Map(r), Messages(r), SCRIPT, Html_End());
 }
 
 }   // namespace sm

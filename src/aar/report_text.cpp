@@ -1,19 +1,11 @@
 #include "aar/battle_record.h"
+#include "aar/columns.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
 namespace sm {
 
 namespace {
-
-std::string Right(std::string text, std::size_t width)
-{
-    return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
-}
-std::string Left(std::string text, std::size_t width)
-{
-    return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
-}
 
 /// One decimal, half to even in the last place.
 std::string One_Decimal(float value)
@@ -29,7 +21,7 @@ std::string Verdict_Part(const BATTLE_RECORD& r)
 {
     const TURN_RECORD& last = r.TURNS.back();
     return Cat("After turn ", To_Text(last.TURN), " of ", To_Text(r.LAST_TURN), ", ", last.CLOCK, ":\n  ",
-               Verdict_Text(last.STATUS, r.OVER), "\n\n", Left("", 24), Right("Blue", 10), Right("Red", 10), "\n",
+               Verdict_Text(last.TURN, last.STATUS, r.OVER), "\n\n", Left("", 24), Right("Blue", 10), Right("Red", 10), "\n",
                Left("  Victory points", 24), Right(To_Text(last.BLUE_POINTS), 10), Right(To_Text(last.RED_POINTS), 10), "\n",
                Left("  Power at the start", 24), Right(One_Decimal(r.BLUE_START), 10), Right(One_Decimal(r.RED_START), 10),
                "\n", Left("  Power now", 24), Right(One_Decimal(last.BLUE_POWER), 10),
@@ -88,7 +80,7 @@ std::string Messages_Part(const BATTLE_RECORD& r)
 
 std::string Report_Text(const BATTLE_RECORD& r)
 {
-    return Cat("After-action report: ", r.NAME.empty() ? std::string("battle") : r.NAME, "\n\n", Verdict_Part(r),
+    return Cat("After-action report: ", r.NAME, "\n\n", Verdict_Part(r),
                Causes_Part(r.TURNS.back()), Turns_Part(r), Objectives_Part(r), Messages_Part(r));
 }
 

@@ -44,8 +44,9 @@ std::string Losses_Of(const char* side, int percent, int allowed)
 
 }   // namespace
 
-const char* Verdict_Text(int status, bool over)
+const char* Verdict_Text(int turn, int status, bool over)
 {
+    if (turn == 0) return "The game has not begun!";
     const VERDICT_WORDS& words = VERDICTS[status >= 1 && status <= 6 ? status - 1 : 6];
     return over ? words.WON : words.WINNING;
 }
@@ -65,7 +66,7 @@ Victory_Status Show_Victory_Status()
     s.BLUE_LOSSES = Losses_Of("Blue", Loss_Percent(BLUE), MBLOSS);
     s.BLUE_POINTS = Cat("Blue Victory Points: ", To_Text(BLUEVP));
     s.RED_POINTS = Cat("Red Victory Points: ", To_Text(REDVP));
-    s.VERDICT = GTURN == 0 ? "The game has not begun!" : Verdict_Text(VSTATUS, GameOver == -1);
+    s.VERDICT = Verdict_Text(GTURN, VSTATUS, GameOver == -1);
     s.BLUE_POWER = BRCP3;
     s.RED_POWER = RRCP3;
     s.SCALE = RRCP1 > BRCP1 ? RRCP1 : BRCP1;

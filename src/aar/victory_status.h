@@ -11,8 +11,8 @@ struct CAUSE {
 };
 std::vector<CAUSE> Losses_By_Cause();
 
-/// The verdict of VSTATUS in words; `over` after the battle.
-const char* Verdict_Text(int status, bool over);
+/// The verdict of VSTATUS in words, after so many turns; `over` after the battle.
+const char* Verdict_Text(int turn, int status, bool over);
 
 /// What the dialog "Victory Status" shows.
 struct Victory_Status {

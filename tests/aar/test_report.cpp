@@ -50,7 +50,8 @@ TEST(Report, TheStateOfEachTurnStandsInItWithEveryMessage)
     EXPECT_NE(text.find("[ All ] Location: PC 4276 // MSG: M\xC3\xBCller fires <here>"), text.npos);
     EXPECT_NE(html.find("M\xC3\xBCller fires &lt;here&gt;"), html.npos);
     EXPECT_NE(html.find("1-37 AR &lt;&quot;M\xC3\xBCller&quot;&gt;, 100%"), html.npos);
-    EXPECT_NE(html.find("Test &amp; Co.sce"), html.npos);
+    EXPECT_NE(html.find("After-action report: Test &amp; Co<"), html.npos);
+    EXPECT_NE(html.find("<td>PC 4276</td><td>M\xC3\xBCller fires &lt;here&gt;</td>"), html.npos);
     EXPECT_EQ(Count(html, "<g class=\"forces\""), 2);
     EXPECT_EQ(Count(html, "<image"), 0);                        // no picture file
     EXPECT_EQ(Count(html, "http"), 0);                          // nothing is fetched from elsewhere
@@ -94,8 +95,8 @@ TEST(VictoryStatus, LossesAboveTheAllowedAreMarkedAndTheVerdictWaitsForTheFirstT
     GameOver = -1;
     VSTATUS = 2;
     EXPECT_EQ(Show_Victory_Status().VERDICT, "RED has won major victory!");
-    EXPECT_STREQ(Verdict_Text(7, true), "The battle is a draw!");
-    EXPECT_STREQ(Verdict_Text(0, false), "Neither side has an advantage!");
+    EXPECT_STREQ(Verdict_Text(3, 7, true), "The battle is a draw!");
+    EXPECT_STREQ(Verdict_Text(3, 0, false), "Neither side has an advantage!");
 }
 
 TEST(Odds, TheSpreadIsReadFromTheSortedValues)
@@ -117,7 +118,7 @@ TEST(Odds, TextAndTableCountTheSameBattles)
     odds.NAME = "x";
     odds.LAST_TURN = 15;
     for (int p = 1; p <= POSITIONS; ++p) {
-        OUTCOME o{1, p <= 30 ? 6 : 1, p, 2 * p, 3, 4, 5.5f, 6, {}};
+        OUTCOME o{1, p <= 30 ? 6 : 1, p, 2 * p, 3, p <= 10 ? 81 : 80, 5.5f, 6, {3, 2, p % 2, p <= 25 ? 0 : p % 4}, {}};
         for (auto& holder : o.HOLDERS) holder = -1;
         o.HOLDERS[4] = p <= 60 ? 1 : 2;
         odds.BATTLES.push_back({o});
@@ -127,6 +128,13 @@ TEST(Odds, TextAndTableCountTheSameBattles)
               text.npos);
     EXPECT_NE(text.find("60 / 40"), text.npos);
     EXPECT_EQ(Count(csv, "\r\n"), 101);
-    EXPECT_NE(csv.find("\r\n61,1,1,61,122,3,4,5.5,6,2\r\n"), csv.npos);
+    EXPECT_NE(csv.find("\r\n61,1,1,61,122,3,80,5.5,6,3,2,1,1,2\r\n"), csv.npos);
     EXPECT_NE(html.find("Blue decisive: 30"), html.npos);
+    EXPECT_NE(text.find("After turn 1: Red is ahead in 70, neither side in 0, Blue in 30 of 100 battles."), text.npos);
+    EXPECT_NE(text.find("  fires direct fires                   0       100\n"), text.npos);
+    EXPECT_NE(text.find("  is resupplied                       50         0\n"), text.npos);
+    EXPECT_NE(text.find("  keeps a fifth of its power         100        90\n"), text.npos);   // 81 percent lost in ten
+    EXPECT_NE(text.find("  is ahead                            30        70\n"), text.npos);
+    // 26..100 but the 19 multiples of 4: 56
+    EXPECT_NE(html.find("Objectives change hands in 56 of 100 battles, 0 to 3 times, 1 in the middle."), html.npos);
 }

@@ -70,7 +70,14 @@ TEST_F(Command_Line, WrongUseIsToldInOneLine)
         {"", "what shall be done?"},          {"conquer", "unknown command conquer"},
         {"play", "play takes one FILE"},      {"play nothing.sce", "nothing.sce"},
         {"play x --turns many", "--turns"},   {"play x --tank 3", "unknown option --tank"},
-        {"play x --computer all", "none, blue, red or both"}, {"odds x --keep 101", "1..100"},
+        {"play x --computer all", "none, blue, red or both"},
+        {"odds x --keep 101", "1..100"},
+        {"play x --turns", "--turns needs a value"},
+        {"play x --workers 2", "--workers is no option of play"},
+        {"soak --turns 2", "--turns is no option of soak"},
+        {"odds x --keep 3", "--keep needs --save OUT"},
+        {"odds x --save y", "--save needs --keep N"},
+        {"play x --report y/", "not of a folder"},
     };
     for (const auto& [words, line] : wrong) {
         const auto result = Battle(words);
@@ -84,6 +91,19 @@ TEST_F(Command_Line, WrongUseIsToldInOneLine)
     const auto check = Battle("check " + File("bad.sce"));
     EXPECT_EQ(check.STATUS, 1);
     EXPECT_NE(check.PRINTED.find("bad.sce:1: "), std::string::npos);
+}
+
+TEST_F(Command_Line, AnOutputThatCannotBeWrittenIsToldBeforeTheBattle)
+{
+    std::filesystem::create_directory(folder / "taken.html");
+    for (const std::string& words : {"play " + SCENARIO + " --save " + File("none/game.btl"), "play " + SCENARIO + " --report " + File("taken"),
+                                     "odds " + SCENARIO + " --out " + File("none/odds"), "odds " + SCENARIO + " --keep 1 --save " + File("taken.html")}) {
+        const auto result = Battle(words);
+        EXPECT_EQ(result.STATUS, 2) << words;
+        EXPECT_EQ(Count(result.PRINTED, "\n"), 1) << result.PRINTED;
+        EXPECT_TRUE(result.PRINTED.find("no folder") != result.PRINTED.npos || result.PRINTED.find("is a folder") != result.PRINTED.npos)
+            << result.PRINTED;
+    }
 }
 
 TEST_F(Command_Line, TheOddsAreTheSameForAnyNumberOfWorkersAndEveryOutcomeCanBeReopened)
@@ -110,6 +130,9 @@ TEST_F(Command_Line, TheComputerFightsItselfSoundlyOverVariedPositions)
     const auto soak = Battle("soak --battles 20");
     EXPECT_EQ(soak.STATUS, 0) << soak.PRINTED;
     EXPECT_NE(soak.PRINTED.find("20 battles, "), std::string::npos);
+    // Whatever battles a worker has fought before, each is the same.
+    const auto one = Battle("soak --first 3 --battles 4 --workers 1"), four = Battle("soak --first 3 --battles 4 --workers 4");
+    EXPECT_EQ(one.PRINTED, four.PRINTED);
 }
 
 TEST_F(Command_Line, AReportIsLeftAsTextAndAsOnePage)
