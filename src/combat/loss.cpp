@@ -214,8 +214,12 @@ void Release_Attachments(int u, const UNIT_RECORD& destroyed)
 
 void Destroy_Unit(int u)
 {
-    const UNIT_RECORD destroyed = UNIT[u];
-    Post_At(u, Cat(destroyed.NAME, " is destroyed!"), 2000, BOTH);
+    UNIT_RECORD destroyed = UNIT[u];
+    if (const int carrier = destroyed.CARRIER; Lives(carrier) && Passenger_Aboard(carrier) == u) {
+        destroyed.X = UNIT[carrier].X;   // aboard: off the picture nobody could be left behind
+        destroyed.Y = UNIT[carrier].Y;
+    }
+    Post_Message(u, Cat(destroyed.NAME, " is destroyed!"), destroyed.X, destroyed.Y, 2000, BOTH);
     const int passenger =
         destroyed.TYPE == LIFT && Lives(destroyed.PASSENGER) ? static_cast<int>(destroyed.PASSENGER) : 0;
     if (passenger != 0) Post_At(u, Cat(UNIT[passenger].NAME, " is destroyed!"), 2000, BOTH);

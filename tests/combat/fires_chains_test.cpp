@@ -95,6 +95,22 @@ TEST(Passengers, ShareTheirCarriersLossPercentForPercent)
     EXPECT_TRUE(Posted("ADA BDA: B2 lost 11%"));
 }
 
+TEST(Passengers, WhoIsAttachedToOneThatIsLostIsLeftUnderTheAircraft)
+{
+    Board board(60, 60);
+    const int sam = board.Place(RED, 150, 60, 1, 0.05f);
+    const int lift = Place_Lift_With_Infantry(board, 20.0f);
+    const int engineers = board.Place(BLUE, -500, -1000, 14, 2.0f);
+    UNIT[engineers].PARENT_UNIT = lift + 1;
+    UNIT[lift + 1].STRENGTH = 11;   // and 11 % is what the aircraft loses
+    ADA_Fire(10, sam, lift, 150, 50, 3, 0);
+    EXPECT_EQ(UNIT[lift + 1].STATUS, 0);
+    EXPECT_EQ(UNIT[lift].PASSENGER, 0);
+    EXPECT_EQ(UNIT[engineers].PARENT_UNIT, 0);
+    EXPECT_EQ(UNIT[engineers].X, 150);
+    EXPECT_EQ(UNIT[engineers].HEXNUM, UNIT[lift].HEXNUM);
+}
+
 TEST(Passengers, FightersHurtThemToo)
 {
     Board board(60, 60);
