@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* STYLE = R"(
 :root { --blue: #1f5fa8; --red: #b3302b; --even: #8a949e; --ink: #20262d; --quiet: #5b6670; --line: #d5dbe1;
-        --paper: #fbfbf9; --pale-blue: #c3dbf1; --pale-red: #f3c9c5; --pale: #eceff1 }
+        --paper: #fbfbf9; --pale-blue: #c3dbf1; --pale-red: #f3c9c5; --pale: #eceff1; --scale: 1 }
 * { box-sizing: border-box; print-color-adjust: exact; -webkit-print-color-adjust: exact }
 body { font: 16px/1.5 system-ui, 'Segoe UI', 'DejaVu Sans', sans-serif; color: var(--ink); background: var(--paper);
        max-width: 1160px; margin: 2rem auto; padding: 0 1.5rem }
@@ -52,14 +52,17 @@ figure { margin: 0 } figcaption { font-weight: 600; padding: .3rem 0 }
 .key svg { width: 1.4rem; height: 1.4rem; margin-right: .3rem; vertical-align: -.4rem }
 .key .even { background: var(--even) }
 .map { display: block; width: 100%; border: 1px solid var(--line) } .map .ground { fill: #e9efe0 } .map image { opacity: .8 }
+symbol * { transform: scale(var(--scale)) }
 use.blue, .sign.blue { fill: #8cc4f2; stroke: #0b3a6e; stroke-width: 1.5 }
 use.red, .sign.red { fill: #f59a94; stroke: #7a1511; stroke-width: 1.5 }
 use.out, .sign.out { fill-opacity: .15 }
-.objective { fill: none; stroke: #444; stroke-width: 3 }
+.objective { fill: none; stroke: #444; stroke-width: calc(3px * var(--scale)); r: calc(16px * var(--scale)) }
 .objective.blue { stroke: var(--blue) } .objective.red { stroke: var(--red) }
-.number { font-size: 15px; font-weight: 600; fill: var(--ink); stroke: #fff; stroke-width: 3; paint-order: stroke }
-.turns { display: flex; flex-wrap: wrap; gap: .3rem 1rem; align-items: center } .turns label { flex: 1 1 18rem; display: flex; gap: .8rem }
-.turns input { flex: 1 } .turns output { min-width: 13rem; font-weight: 600 }
+.number { font-size: calc(16px * var(--scale)); font-weight: 600; fill: var(--ink); stroke: #fff;
+          stroke-width: calc(3px * var(--scale)); paint-order: stroke;
+          transform: translate(calc(13px * var(--scale)), calc(-12px * var(--scale))) }
+.turns { display: flex; flex-wrap: wrap; gap: .3rem 1rem; align-items: center } .turns .slide { flex: 1 1 18rem; display: flex; gap: .8rem }
+.turns .slide input { flex: 1 } .turns output { min-width: 13rem; font-weight: 600 }
 .find { display: flex; flex-wrap: wrap; gap: .5rem 1rem; margin: .6rem 0 } .find input { flex: 1 1 18rem }
 .find input, .find select { font: inherit; padding: .25rem .5rem; border: 1px solid var(--line); background: #fff; color: inherit }
 details { margin: .3rem 0 } summary { cursor: pointer; padding: .1rem 0 }
@@ -71,9 +74,9 @@ details { margin: .3rem 0 } summary { cursor: pointer; padding: .1rem 0 }
 @page { margin: 15mm }
 @media print {
   body { background: none; max-width: none; margin: 0; padding: 0; font-size: 10pt }
-  h2, .turns { break-after: avoid } figure, tr, .verdict, .wide { break-inside: avoid } .turns label, .find { display: none }
+  h2, .turns { break-after: avoid } figure, tr, .verdict, section { break-inside: avoid } .turns label, .find { display: none }
   thead { display: table-header-group } .wide { overflow: visible } .map { max-height: 240mm; width: auto; max-width: 100% }
-  .share, .possession { width: 100% } .share td { font-size: 6.5pt; padding: .2rem .1rem; min-width: 0 }
+  .share, .possession { width: 100% } .possession { table-layout: fixed } .possession th:first-child { width: 9rem } .share td { font-size: 6.5pt; padding: .2rem .1rem; min-width: 0 }
   .possession td { min-width: 0 } .bar { width: 7rem } .bars { min-width: 0 }
   .charts { grid-template-columns: 1fr 1fr }
 })";

@@ -92,7 +92,7 @@ std::string Objectives(const ODDS& odds)
 {
     const std::vector<int> objectives = Objectives_Of(odds);
     if (objectives.empty()) return {};
-    std::string s = Cat("<h2>Objectives</h2><p>", Changes_Of_Hands(odds), "</p><div class=\"wide\"><table class=\"share\"><caption>Battles of 100 in "
+    std::string s = Cat("<section><h2>Objectives</h2><p>", Changes_Of_Hands(odds), "</p><div class=\"wide\"><table class=\"share\"><caption>Battles of 100 in "
                         "which Blue / Red holds them, by turn</caption><thead><tr><th>Objective</th>");
     for (int t = 0; t < Turns_Of(odds); ++t) s += Cat("<th>", Turn_Number(odds, t), "</th>");
     s += "</tr></thead>";
@@ -101,7 +101,7 @@ std::string Objectives(const ODDS& odds)
         for (int t = 0; t < Turns_Of(odds); ++t) s += Share_Cell(Count_Held(odds, t, o, BLUE), Count_Held(odds, t, o, RED));
         s += "</tr>";
     }
-    return s + "</table></div>";
+    return s + "</table></div></section>";
 }
 
 std::string Verdict_Table(const ODDS& odds)

@@ -81,7 +81,7 @@ std::string Figures(const BATTLE_RECORD& r)
 std::string Possession(const BATTLE_RECORD& r)
 {
     if (r.OBJECTIVES.empty()) return {};
-    std::string s = "<h2>Possession of objectives by turn</h2><div class=\"wide\"><table class=\"possession\"><thead><tr><th>Objective "
+    std::string s = "<section><h2>Possession of objectives by turn</h2><div class=\"wide\"><table class=\"possession\"><thead><tr><th>Objective "
                     "(value)</th>";
     for (const TURN_RECORD& t : r.TURNS) s += Cat("<th>", To_Text(t.TURN), "</th>");
     s += "</tr></thead>";
@@ -93,7 +93,7 @@ std::string Possession(const BATTLE_RECORD& r)
         }
         s += "</tr>";
     }
-    return s + "</table></div>";
+    return s + "</table></div></section>";
 }
 
 // ----------------------------------------------------------------------------------------------------------------- map
@@ -117,7 +117,7 @@ std::string Objective_Numbers(const BATTLE_RECORD& r)
 {
     std::string s;
     for (const OBJECTIVE_MARK& o : r.OBJECTIVES)
-        s += Cat("<text class=\"number\" x=\"", To_Text(o.X + 13), "\" y=\"", To_Text(o.Y - 12), "\">", To_Text(o.OBJECTIVE), "</text>");
+        s += Cat("<text class=\"number\" x=\"", To_Text(o.X), "\" y=\"", To_Text(o.Y), "\">", To_Text(o.OBJECTIVE), "</text>");
     return s;
 }
 
@@ -134,18 +134,59 @@ std::string Map_Key()
                ring("red", "by Red"), ring("none", "by nobody"), "<span>names and strengths under the pointer</span></p>");
 }
 
+/// A part of the map, and how much smaller the signs are drawn in it than on the whole.
+struct PART {
+    int X, Y, WIDTH, HEIGHT;
+    double SCALE;
+    std::string Box() const { return Cat(To_Text(X), " ", To_Text(Y), " ", To_Text(WIDTH), " ", To_Text(HEIGHT)); }
+};
+
+/// Where the forces and the objectives were in the whole battle, in the shape of the map; the map itself when that is most of
+/// it. No part is so small that the picture turns to squares.
+PART Battlefield(const BATTLE_RECORD& r)
+{
+    constexpr double MOST = 2.5, LEAST = 1.2, ROOM = 1.1;
+    int left = r.MAP_WIDTH, right = 0, top = r.MAP_HEIGHT, bottom = 0;
+    const auto include = [&](int x, int y) {
+        left = std::min(left, x);
+        right = std::max(right, x);
+        top = std::min(top, y);
+        bottom = std::max(bottom, y);
+    };
+    for (const TURN_RECORD& t : r.TURNS)
+        for (const UNIT_MARK& u : t.UNITS) include(u.X, u.Y);
+    for (const OBJECTIVE_MARK& o : r.OBJECTIVES) include(o.X, o.Y);
+    const double wanted = std::max({static_cast<double>(right - left) / std::max(1, r.MAP_WIDTH),
+                                    static_cast<double>(bottom - top) / std::max(1, r.MAP_HEIGHT), 0.0}) * ROOM;
+    const double zoom = std::min(MOST, 1 / std::max(wanted, 1 / MOST));
+    if (zoom < LEAST || right < left) return {0, 0, r.MAP_WIDTH, r.MAP_HEIGHT, 1};
+    const int width = Round_Even(r.MAP_WIDTH / zoom), height = Round_Even(r.MAP_HEIGHT / zoom);
+    return {std::clamp((left + right - width) / 2, 0, r.MAP_WIDTH - width), std::clamp((top + bottom - height) / 2, 0, r.MAP_HEIGHT - height),
+            width, height, std::min(1.0, 1.2 / zoom)};
+}
+
+std::string Turn_Slider(const BATTLE_RECORD& r, bool zoomed)
+{
+    const TURN_RECORD& t = r.TURNS.back();
+    const std::string last = To_Text(static_cast<int>(r.TURNS.size()) - 1);
+    return Cat("<p class=\"turns\"><label class=\"slide\">Turn <input id=\"turn\" type=\"range\" min=\"0\" max=\"", last, "\" value=\"", last,
+               "\"></label><output id=\"clock\">Turn ", To_Text(t.TURN), ", ", Html_Text(t.CLOCK), "</output><label", zoomed ? ">" : " hidden>",
+               "<input id=\"whole\" type=\"checkbox\"> whole map</label></p>");
+}
+
 std::string Map(const BATTLE_RECORD& r)
 {
+    const PART whole{0, 0, r.MAP_WIDTH, r.MAP_HEIGHT, 1}, part = Battlefield(r);
     const std::string size = Cat("width=\"", To_Text(r.MAP_WIDTH), "\" height=\"", To_Text(r.MAP_HEIGHT), "\"");
-    const std::string picture = Html_Picture(r.MAP_PICTURE), last = To_Text(static_cast<int>(r.TURNS.size()) - 1);
-    std::string s = Cat("<h2>The forces by turn</h2><p class=\"turns\"><label>Turn <input id=\"turn\" type=\"range\" min=\"0\" max=\"", last,
-                        "\" value=\"", last, "\"></label><output id=\"clock\">Turn ", To_Text(r.TURNS.back().TURN), ", ",
-                        Html_Text(r.TURNS.back().CLOCK), "</output></p><svg class=\"map\" viewBox=\"0 0 ", To_Text(r.MAP_WIDTH), " ",
-                        To_Text(r.MAP_HEIGHT), "\"><defs><symbol id=\"blue\" overflow=\"visible\">", BLUE_SIGN,
+    const std::string picture = Html_Picture(r.MAP_PICTURE);
+    const int hundredths = Round_Even(part.SCALE * 100);
+    std::string s = Cat("<section><h2>The forces by turn</h2>", Turn_Slider(r, part.SCALE < 1), "<svg class=\"map\" viewBox=\"", part.Box(),
+                        "\" data-part=\"", part.Box(), "\" data-whole=\"", whole.Box(), "\" data-scale=\"calc(", To_Text(hundredths),
+                        " / 100)\" style=\"--scale:calc(", To_Text(hundredths), " / 100)\"><defs><symbol id=\"blue\" overflow=\"visible\">", BLUE_SIGN,
                         "/></symbol><symbol id=\"red\" overflow=\"visible\">", RED_SIGN, "/></symbol></defs><rect class=\"ground\" ", size, "/>");
     if (!picture.empty()) s += Cat("<image href=\"", picture, "\" ", size, " preserveAspectRatio=\"none\"/>");
     for (std::size_t i = 0; i < r.TURNS.size(); ++i) s += Forces(r, r.TURNS[i], i + 1 == r.TURNS.size());
-    return Cat(s, Objective_Numbers(r), "</svg>", Map_Key());
+    return Cat(s, Objective_Numbers(r), "</svg>", Map_Key(), "</section>");
 }
 
 // ------------------------------------------------------------------------------------------------------------ messages
@@ -185,6 +226,11 @@ const turn = document.getElementById('turn'), clock = document.getElementById('c
 turn.oninput = () => {
   forces.forEach((g, i) => g.toggleAttribute('hidden', i != turn.value));
   clock.textContent = forces[turn.value].dataset.clock;
+};
+const map = document.querySelector('.map'), whole = document.getElementById('whole');
+whole.oninput = () => {
+  map.setAttribute('viewBox', whole.checked ? map.dataset.whole : map.dataset.part);
+  map.style.setProperty('--scale', whole.checked ? 1 : map.dataset.scale);
 };
 find.oninput = audience.oninput = () => {
   const word = find.value.trim().toLowerCase(), to = audience.value;

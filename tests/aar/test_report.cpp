@@ -30,6 +30,7 @@ TEST(Report, TheStateOfEachTurnStandsInItWithEveryMessage)
     UNIT[blue].NAME = "1-37 AR <\"M\xFCller\">";
     OBJ[7].OTYPE = 1;
     OBJ[7].OVALUE = 300;
+    OBJ[7].OX = OBJ[7].OY = 100;
     GAMEFILE = "Test & Co.sce";
     GTURN = 0;
     MAXGTURN = 3;
@@ -53,6 +54,8 @@ TEST(Report, TheStateOfEachTurnStandsInItWithEveryMessage)
     EXPECT_NE(html.find("After-action report: Test &amp; Co<"), html.npos);
     EXPECT_NE(html.find("<td>PC 4276</td><td>M\xC3\xBCller fires &lt;here&gt;</td>"), html.npos);
     EXPECT_EQ(Count(html, "<g class=\"forces\""), 2);
+    // From 55 to 155 of 200 pixels, with a tenth more room: 110 from 50 on.
+    EXPECT_NE(html.find("viewBox=\"50 50 110 110\" data-part=\"50 50 110 110\" data-whole=\"0 0 200 200\""), html.npos);
     EXPECT_EQ(Count(html, "<image"), 0);                        // no picture file
     EXPECT_EQ(Count(html, "http"), 0);                          // nothing is fetched from elsewhere
     EXPECT_EQ(Count(html, "<table"), Count(html, "</table>"));
