@@ -58,34 +58,39 @@ TEST(Shared, FootprintFollowsEchelonStrengthAndPosture)
 {
     Board board(40, 40, 6);
     MAPSCALE = 6.0f;
-    const int u = board.Place(BLUE, 60, 60);
-    UNIT[u].TACOPN = 1;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 48.0f);   // battalion 8 x 6
-    UNIT[u].STRENGTH = 50;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 30.0f);   // 24 is below the floor 5 x 6
-    UNIT[u].TACOPN = 0;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 15.0f);
-    UNIT[u].SIZE = 0;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 6.0f);    // halved to 3, never below MAPSCALE
-    UNIT[u].TYPE = 18;
-    UNIT[u].SIZE = 5;
-    UNIT[u].TACOPN = 1;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 6.0f);    // a headquarters is MAPSCALE wide
-    UNIT[u].TYPE = 5;
-    UNIT[u].SIZE = 100;
-    UNIT[u].FOOTPRINT = 18;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 18.0f);   // a convoy keeps its own
+    const int unit = board.Place(BLUE, 60, 60);
+    UNIT_RECORD& u = UNIT[unit];
+    const auto footprint = [&](int size, float strength, int operation = 1, int type = 5) {
+        u.SIZE = size;
+        u.STRENGTH = strength;
+        u.TACOPN = operation;
+        u.TYPE = type;
+        Set_Footprint(unit);
+        return static_cast<float>(u.FOOTPRINT);
+    };
+    EXPECT_EQ(footprint(0, 50), 6);          // a squad covers a kilometre, whatever its strength
+    EXPECT_EQ(footprint(1, 50), 12);         // a platoon two
+    EXPECT_EQ(footprint(2, 75), 18);         // a company 4 x 6 x 0.75
+    EXPECT_EQ(footprint(2, 25), 12);         // and at least two
+    EXPECT_EQ(footprint(3, 75), 36);         // 8
+    EXPECT_EQ(footprint(3, 50), 30);         // at least 5
+    EXPECT_EQ(footprint(4, 75), 67.5f);      // 15
+    EXPECT_EQ(footprint(4, 50), 60);         // at least 10
+    EXPECT_EQ(footprint(5, 75), 112.5f);     // 25
+    EXPECT_EQ(footprint(5, 50), 90);         // at least 15
+    EXPECT_EQ(footprint(5, 50, 1, 18), 6);   // a headquarters is a kilometre wide
+    EXPECT_EQ(footprint(3, 75, 0), 18);      // an attack is half as wide,
+    EXPECT_EQ(footprint(0, 75, 0), 6);       // but never below a kilometre
+    u.FOOTPRINT = 20;
+    EXPECT_EQ(footprint(100, 75), 20);       // a convoy keeps its own
+    u.LX = 9;
+    footprint(3, 100, 3);
+    EXPECT_EQ(u.LX, 9);
+    footprint(3, 100, 1);
+    EXPECT_EQ(u.LX, 0);                      // only a screen has a line
     HEXWIDTH = 3;
     MAPSCALE = 2.51f;
-    UNIT[u].SIZE = 1;
-    Set_Footprint(u);
-    EXPECT_EQ(UNIT[u].FOOTPRINT, 27.0f);   // small maps: at least 27 pixels
+    EXPECT_EQ(footprint(1, 100), 27);        // small maps: at least 27 pixels
 }
 
 TEST(Messages, RowsRunTo299AndTrafficLoadsUnitAndHeadquarters)
@@ -132,19 +137,26 @@ TEST(Removal, ALiftUnitThatLosesItsRoutePutsItsPassengerDownShaken)
     const int lift = board.Place(BLUE, 45, 45, 12), inf = board.Place(BLUE, 0, 0, 19), waiting = board.Place(BLUE, 5, 5);
     UNIT[lift].MOBILITY = 3;
     UNIT[lift].PASSENGER = inf;
-    UNIT[lift].TIMERM = 17;
+    UNIT_RECORD& l = UNIT[lift];
+    l.TIMERM = l.SENSORS = l.PZ = l.LZ = l.FREEHUNT = l.DISTANCE_TO_END = l.MOVECOST_TO_END = 9;
+    l.MOVEX = l.MOVEY = 9;
     UNIT[inf].CARRIER = UNIT[waiting].CARRIER = lift;
-    UNIT[inf].SUPPRESSED = 4;
+    UNIT[inf].SUPPRESSED = 3;
     Place_Off_Picture(inf);
     EXPECT_EQ(UNIT[inf].HEXNUM, 0);
     Clear_Route(lift);
     EXPECT_EQ(UNIT[inf].X, 45);
     EXPECT_EQ(UNIT[inf].HEXNUM, 45);       // column 5, row 5 of a grid of 10 rows: 4 x 10 + 5
-    EXPECT_EQ(UNIT[inf].SUPPRESSED, 4);    // one more, but at most 4
+    EXPECT_EQ(UNIT[inf].SUPPRESSED, 4);
     EXPECT_EQ(UNIT[inf].CARRIER, 0);
     EXPECT_EQ(UNIT[waiting].CARRIER, 0);
     EXPECT_EQ(UNIT[lift].PASSENGER, 0);
-    EXPECT_EQ(UNIT[lift].TIMERM, 0);
+    EXPECT_EQ(l.TIMERM + l.SENSORS + l.PZ + l.LZ + l.FREEHUNT + l.DISTANCE_TO_END + l.MOVECOST_TO_END, 0);
+    EXPECT_EQ(l.MOVEX + l.MOVEY, 0);
+    UNIT[lift].PASSENGER = inf;
+    Place_Off_Picture(inf);
+    Clear_Route(lift);
+    EXPECT_EQ(UNIT[inf].SUPPRESSED, 4);    // no more than that
 }
 
 TEST(Removal, AnErasedControlMeasureLowersItsSidesCountAndADrawingNone)
@@ -170,12 +182,12 @@ TEST(Removal, ADeletedTargetGivesItsBatteryAMissionBack)
 {
     Board board(10, 10);
     const int gun = board.Place(BLUE, 15, 15, 8);
-    UNIT[gun].FIREMISSION = 1;
-    for (const int type : {1, 3}) {
+    UNIT[gun].FIREMISSION = 2;
+    for (const auto& [type, left] : {std::pair(1, 1), {3, 1}, {21, 0}, {151, 0}}) {   // an air strike lowers nothing
         TG[5].TGTYPE = type;
         TG[5].FUNIT = gun;
         Delete_Target(5);
-        EXPECT_EQ(UNIT[gun].FIREMISSION, 0) << type;   // an air strike lowers nothing, and 0 stays 0
+        EXPECT_EQ(UNIT[gun].FIREMISSION, left) << type;
         EXPECT_EQ(TG[5].TGTYPE, 0);
     }
     TG[6].TGTYPE = 1;
