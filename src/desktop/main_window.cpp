@@ -259,6 +259,7 @@ void Main_Window::Phase_Done(std::string_view) { map_->Paint_If_Due(); }
 
 void Main_Window::Desk_Changed()
 {
+    Change_Seats();
     const bool start = DESK.PALETTE == Palette::TYPES;
     pages_->setCurrentIndex(start ? START : GAME);
     body_->setCurrentIndex(DESK.CoveredFor != 0 ? COVER : BOARD);
@@ -289,6 +290,27 @@ void Main_Window::Desk_Changed()
     Set_Title();
 }
 
+/// What one side looked at is not for the next: its sheets close, and each side finds the map where it left it.
+void Main_Window::Change_Seats()
+{
+    if (served_ == ActiveSide && covered_for_ == DESK.CoveredFor) return;
+    const QPointF centre = map_->Seen().center();
+    if (served_ == BLUE || served_ == RED) {
+        seen_by_[served_] = LOOKED_AT{map_->Zoom(), centre.x(), centre.y()};
+        Close_Sheets(this);
+    }
+    if (covered_for_ != 0 && covered_for_ == ActiveSide) {
+        if (const auto& seen = seen_by_[ActiveSide]; seen) {
+            map_->Set_Zoom(seen->ZOOM, QPointF());
+            map_->Go_To(seen->X, seen->Y);
+        } else {
+            map_->Show_Forces();
+        }
+    }
+    served_ = ActiveSide;
+    covered_for_ = DESK.CoveredFor;
+}
+
 void Main_Window::Set_Title()
 {
     const QString title = To_Screen(WindowTitle);
@@ -298,7 +320,11 @@ void Main_Window::Set_Title()
 void Main_Window::Scroll_Map(int columns, int rows) { map_->Scroll_Steps(columns, rows); }
 void Main_Window::Zoom_Map(int steps) { map_->Zoom_Steps(steps, QRectF(map_->viewport()->rect()).center()); }
 void Main_Window::Show_Whole_Map() { map_->Show_Whole(); }
-void Main_Window::Show_Forces() { map_->Show_Forces(); }
+void Main_Window::Show_Forces()
+{
+    for (auto& seen : seen_by_) seen.reset();   // another game is in play
+    map_->Show_Forces();
+}
 void Main_Window::Centre_Map(int x, int y) { map_->Glide_To(x, y); }
 
 void Main_Window::Show_Lines(std::string_view title, const std::vector<std::string>& lines)

@@ -8,6 +8,7 @@
 #include <QSize>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QEventLoop;
@@ -68,6 +69,7 @@ public:
     void Show_Keys() override;
     void Show_Victory() override;
     void Show_Plot_List() override;
+    void Stop_Sounds() override { sounds_.Stop(); }
     int Choose_Unit(std::string_view title, const std::vector<int>& units) override;
     void Close() override;
 
@@ -83,6 +85,7 @@ private:
     QWidget* Build_Game_Page();
     void Go_To_Message(int row);
     void Offer_Back();
+    void Change_Seats();
     void Place_On_Map();
     void Order_Menu(QPoint screen);
     void Set_Title();
@@ -102,9 +105,11 @@ private:
     Cover_Page* cover_ = nullptr;
     QPushButton* back_ = nullptr;   // on the map, after a jump
     Status_Line* line_ = nullptr;
-    std::vector<LOOKED_AT> looked_at_;   // where the map was before each jump
-    std::vector<QEventLoop*> waits_;     // running Delay calls, innermost last
-    int overlay_ = 0;                    // kind that is drawn
+    std::vector<LOOKED_AT> looked_at_;      // where the map was before each jump
+    std::optional<LOOKED_AT> seen_by_[3];   // where each side had the map when it left the seat
+    int covered_for_ = 0, served_ = 3;      // as this window last drew the seat
+    std::vector<QEventLoop*> waits_;        // running Delay calls, innermost last
+    int overlay_ = 0;                       // kind that is drawn
     bool messages_stale_ = false;
 };
 

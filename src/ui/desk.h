@@ -46,6 +46,7 @@ public:
     virtual void Show_Help(std::string_view /*file*/, std::string_view /*title*/) {}
     virtual void Show_Keys() {}
     virtual void Show_Victory() {}
+    virtual void Stop_Sounds() {}
     virtual void Show_Plot_List() {}   ///< at its button
     /// One of these units by name, 0 when the player takes none.
     virtual int Choose_Unit(std::string_view /*title*/, const std::vector<int>& /*units*/) { return 0; }

@@ -104,6 +104,7 @@ void optGameType_Click(int number)
         The_Window().Close();
         return;
     }
+    The_Window().Stop_Sounds();
     Clear_The_Desk();
     Clear_Session_Mark();
     Begin_Planning_Round();

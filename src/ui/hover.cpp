@@ -15,22 +15,30 @@ namespace sm {
 
 namespace {
 
-bool Near(int x, int y, int ox, int oy, int reach) { return std::abs(x - ox) <= reach && std::abs(y - oy) <= reach; }
+bool Near(int x, int y, int ox, int oy, int reach)
+{
+    return std::abs(x - ox) <= reach && std::abs(y - oy) <= reach;
+}
 
 std::string Terrain_Text(int hex)
 {
     if (hex == 0) return "";
     const std::string name = HEXMAP[hex].TNAME.Str();
-    return Cat("TERRAIN: ", name.empty() ? std::string("Unrestricted") : name, Cell_High(hex) > 0 ? ", high ground" : "");
+    return Cat("TERRAIN: ", name.empty() ? std::string("Unrestricted") : name,
+               Cell_High(hex) > 0 ? ", high ground" : "");
 }
 
 std::string_view Contamination_Words(int type)
 {
     switch (type) {
-    case 11: return "Chemical (NP)";
-    case 20: return "Smoke";
-    case 21: return "Chemical (P)";
-    default: return "Unknown";
+    case 11:
+        return "Chemical (NP)";
+    case 20:
+        return "Smoke";
+    case 21:
+        return "Chemical (P)";
+    default:
+        return "Unknown";
     }
 }
 
@@ -54,20 +62,22 @@ std::string Objective_Label(int row)
 {
     static constexpr const char* HOLDER[] = {" points is unoccupied!", " points is in BLUFOR hands!",
                                              " points is in REDFOR hands!", " points is contested by both sides!"};
-    const int holder = OBJ[row].OSIDE >= 0 && OBJ[row].OSIDE <= 3 ? static_cast<int>(OBJ[row].OSIDE) : 0;
-    return Cat(OBJ[row].OTYPE == 2   ? "Key Terrrain: "
-               : OBJ[row].OTYPE == 3 ? "Mobility Corridor: "
-                                     : "Objective: ",
-               To_Text(OBJ[row].OVALUE), HOLDER[holder]);
+    if (OBJ[row].OTYPE == 2) return "Key Terrrain";   // spelt as every player knows it
+    if (OBJ[row].OTYPE == 3) return "Mobility Corridor";
+    return Cat("Objective: ", To_Text(OBJ[row].OVALUE), HOLDER[Objective_Holder(row)]);
 }
 
 std::string Work_Label(int row)
 {
     switch (BG[row].BGTYPE) {
-    case 5: return "Blown Bridge";
-    case 7: return "Bridge";
-    case 8: return "Obstacle";
-    default: return "Fortification";
+    case 5:
+        return "Blown Bridge";
+    case 7:
+        return "Bridge";
+    case 8:
+        return "Obstacle";
+    default:
+        return "Fortification";
     }
 }
 
@@ -76,11 +86,16 @@ std::string Graphic_Label(int row)
     const P_RECORD& g = P[row];
     const char* active = g.PAGE >= 1 ? " is active." : " will be active in 1 turn!";
     switch (g.PTYPE) {
-    case 12: return Cat("NAI #", To_Text(row), active);
-    case 13: return Cat("TAI # ", To_Text(row), active);
-    case 17: return Cat("SEAD #", To_Text(row));
-    case 18: return Cat("CFFZ #", To_Text(row));
-    default: return g.PTEXT.Empty() ? Cat("Graphic #", To_Text(row)) : g.PTEXT.Str();
+    case 12:
+        return Cat("NAI #", To_Text(row), active);
+    case 13:
+        return Cat("TAI # ", To_Text(row), active);
+    case 17:
+        return Cat("SEAD #", To_Text(row));
+    case 18:
+        return Cat("CFFZ #", To_Text(row));
+    default:
+        return g.PTEXT.Empty() ? Cat("Graphic #", To_Text(row)) : g.PTEXT.Str();
     }
 }
 
@@ -108,6 +123,20 @@ std::string Label_At(int x, int y, int reach)
 }
 
 }   // namespace
+
+int Objective_Holder(int row)
+{
+    bool stands[3] = {};
+    for (int u = 1; u <= MAX_UNIT; ++u) {
+        const UNIT_RECORD& r = UNIT[u];
+        if (r.STATUS != 2 || !Stands_On_Map(u) || (r.SIDE != BLUE && r.SIDE != RED)) continue;
+        const auto distance = static_cast<float>(Distance_To(u, OBJ[row].OX, OBJ[row].OY));
+        if (distance <= r.FOOTPRINT / 2 + 16) stands[r.SIDE] = true;
+    }
+    if (stands[BLUE] && stands[RED]) return BOTH;
+    const int holder = OBJ[row].OID;
+    return holder >= 0 && holder <= BOTH ? holder : 0;
+}
 
 bool Shows_Work(int row)
 {

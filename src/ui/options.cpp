@@ -79,7 +79,11 @@ void mnuView_Click(int view)
     Screen().Changed(Redraw::ALL);
 }
 
-void cmdSound_Click() { SoundOn = SoundOn == 1 ? 0 : 1; }
+void cmdSound_Click()
+{
+    SoundOn = SoundOn == 1 ? 0 : 1;
+    if (SoundOn != 1) The_Window().Stop_Sounds();
+}
 
 void cmdSeeT_Click(int kind)
 {

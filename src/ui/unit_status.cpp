@@ -41,7 +41,7 @@ constexpr BAND MORALE[] = {{0, "Broken"}, {1, "Poor"}, {2, "Average"}, {3, "High
 constexpr BAND SUPPRESSION[] = {{0, "None"}, {1, "Light"}, {2, "Medium"}, {3, "High"}, {4, "Very High"}};
 constexpr BAND FATIGUE_BANDS[] = {{0, "Rested"}, {2, "OK"}, {16, "Tired"}, {22, "Exhausted"}};
 constexpr BAND AMMUNITION[] = {{0, "AMMO: 100%"}, {2, "AMMO: 50%"}, {4, "AMMO: 0%"}};
-constexpr BAND C2_STATE[] = {{-1, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
+constexpr BAND C2_STATE[] = {{0, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
 
 constexpr CODE_LABEL POSTURE[] = {
     {0, "POSTURE: Stationary"}, {1, "POSTURE: Temporarily Halted"},
@@ -166,6 +166,7 @@ std::string_view Size_Label(int size)
 
 std::string C2_Line(int unit)
 {
+    if (UNIT[unit].C2 < 0) return "";   // jammed beyond Bad
     return Cat("C2 Status: ", Band_Of(C2_STATE, UNIT[unit].C2), " - ", To_Text(UNIT[unit].C2D), " kms");
 }
 
@@ -190,7 +191,7 @@ Status_Texts Unit_Status(int unit)
 
     t.RIGHT.push_back(Cat("FACING: ", To_Text(u.FACING), " deg"));
     t.RIGHT.push_back(Terrain_Line(u));
-    t.RIGHT.push_back(C2_Line(unit));
+    if (std::string line = C2_Line(unit); !line.empty()) t.RIGHT.push_back(std::move(line));
     t.RIGHT.push_back(Cat("SUPPRESSION: ", Band_Of(SUPPRESSION, u.SUPPRESSED)));
     t.RIGHT.push_back(Cat("FATIGUE: ", Band_Of(FATIGUE_BANDS, u.FATIGUE)));
     t.RIGHT.push_back(Cat("MOPP ", To_Text(u.MOPP)));

@@ -18,7 +18,7 @@ std::vector<std::string> Operating_Lines(int unit);
 /// The whole report: both columns of the panel, then the operating lines.
 std::vector<std::string> Unit_Report_Lines(int unit);
 
-/// "C2 Status: Good - 12 kms".
+/// "C2 Status: Good - 12 kms"; empty for a unit that is jammed beyond "Bad".
 std::string C2_Line(int unit);
 
 /// "Armor" and its like, by TYPE; "Battalion" and its like, by SIZE.

@@ -12,6 +12,7 @@
 #include "ui/map_click.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTableView>
@@ -344,14 +345,28 @@ TEST(Window, TheCoverShowsNothingOfEitherSide)
 {
     Player player(SMALL);
     player.Open();
+    player.Map().Set_Zoom(2, QPointF(0, 0));
+    player.Map().Go_To(420, 450);
     player.Click(405, 440);
+    player.Choose(Cmd::UNIT_REPORT);
     player.Choose(Cmd::HAND_OVER);
+    player.Wait(10);
+    EXPECT_EQ(player.Window().findChild<QDialog*>(QStringLiteral("sheet Unit Status Report")), nullptr);
     for (const char* name : {"map", "lstSitrep", "palette", "overview"})
         EXPECT_FALSE(player.Window().findChild<QWidget*>(QString::fromLatin1(name))->isVisible()) << name;
     EXPECT_EQ(player.Text_Of("lblCover"), QStringLiteral("Red Player"));
     EXPECT_FALSE(player.Choose(Cmd::VIEW_ALL));
     player.Key(Qt::Key_Escape);
     EXPECT_EQ(DESK.CoveredFor, 0);
+
+    // Red sees its own ground, and Blue finds the map where it left it.
+    player.Choose(Cmd::SIDE_RED);
+    player.Press("cmdUncover");
+    EXPECT_GT(Distance(player.Map().Seen().center(), QPointF(420, 450)), 20.0);
+    player.Choose(Cmd::HAND_OVER);
+    player.Press("cmdUncover");
+    EXPECT_EQ(ActiveSide, BLUE);
+    EXPECT_LT(Distance(player.Map().Seen().center(), QPointF(420, 450)), 2.0);
 }
 
 TEST(Verdict, TheVictoryStatusStaysOpenAndFollowsTheBattle)

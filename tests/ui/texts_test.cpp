@@ -82,11 +82,13 @@ TEST_F(Texts, BandsMeetExactly)
     const struct {
         int C2;
         const char* LINE;
-    } command[] = {{-1, "Bad"}, {0, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
+    } command[] = {{0, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
     for (const auto& c : command) {
         UNIT[u].C2 = c.C2;
         EXPECT_EQ(C2_Line(u), Cat("C2 Status: ", c.LINE, " - 0 kms"));
     }
+    UNIT[u].C2 = -1;
+    EXPECT_EQ(C2_Line(u), "");
     UNIT[u].SUPPRESSED = 9;   // a loss may leave it above the named ones
     EXPECT_TRUE(Says(u, "SUPPRESSION: Very High"));
 }
@@ -233,8 +235,19 @@ TEST_F(Texts, ThePointerTellsTerrainContaminationAndObject)
     OBJ[1].OY = 200;
     OBJ[1].OVALUE = 300;
     EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is unoccupied!");
-    OBJ[1].OSIDE = 2;
+    OBJ[1].OID = RED;
     EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is in REDFOR hands!");
+    // Ground 80 wide reaches 80 / 2 + 16 = 56 pixels. What is not seen contests nothing.
+    const int blue = board.Place(BLUE, 200, 256), red = board.Place(RED, 256, 200);
+    UNIT[blue].FOOTPRINT = UNIT[red].FOOTPRINT = 80;
+    Show_Picture(blue);
+    EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is in REDFOR hands!");
+    Show_Picture(red);
+    EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is contested by both sides!");
+    UNIT[red].FOOTPRINT = 79;
+    EXPECT_EQ(Hover(203, 200, 8).LABEL, "Objective: 300 points is in REDFOR hands!");
+    OBJ[1].OTYPE = 2;
+    EXPECT_EQ(Hover(203, 200, 8).LABEL, "Key Terrrain");
 
     P[12].PTYPE = 12;
     P[12].PSIDE = BLUE;

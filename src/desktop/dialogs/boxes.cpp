@@ -27,6 +27,8 @@ namespace {
 /// Columns of a file dialog's list, as QFileSystemModel has them.
 enum { FILE_NAME, FILE_SIZE, FILE_KIND, FILE_DATE };
 
+constexpr const char* OF_THE_GAME = "ofTheGame";   // a sheet that shows what one side may know
+
 const QString PROGRAM = QStringLiteral("Stonemarch");
 
 class Message_Dialog : public QDialog {
@@ -265,8 +267,15 @@ void Show_Sheet(QWidget* parent, const QString& title, const std::vector<std::st
             pairs.emplace_back(text.left(colon + 1), text.mid(colon + 2));
     }
     Fill_Sheet(dialog, pairs, pairs.size() > 12 ? 2 : 1, false);
+    dialog->setProperty(OF_THE_GAME, true);
     Finish(dialog);
     Open(dialog);
+}
+
+void Close_Sheets(QWidget* parent)
+{
+    for (QDialog* dialog : parent->findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
+        if (dialog->property(OF_THE_GAME).toBool()) dialog->close();
 }
 
 void Show_Key_Sheet(QWidget* parent, const QString& title, const std::vector<std::string>& lines)

@@ -22,6 +22,8 @@ std::string Ask_File_Box(QWidget* parent, const File_Request& request);
 /// A sheet of lines ("caption: value" in two columns) that stays open beside the work; another call with the same
 /// title fills the same sheet.
 void Show_Sheet(QWidget* parent, const QString& title, const std::vector<std::string>& lines);
+/// Closes the sheets that tell of the game; help stays.
+void Close_Sheets(QWidget* parent);
 /// The keyboard list: key and meaning with a tab between.
 void Show_Key_Sheet(QWidget* parent, const QString& title, const std::vector<std::string>& lines);
 /// A help text, simple Markdown, from a file of the program folder.

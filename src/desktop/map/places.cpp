@@ -83,7 +83,8 @@ void Paint_Places(QPainter& painter, const Sight& sight)
     }
     for (int row = 1; row <= MAX_OBJ; ++row) {
         if (!Used(OBJ[row]) || !sight.Sees(OBJ[row].OX, OBJ[row].OY, mark)) continue;
-        Draw_Holder(painter, sight.At(OBJ[row].OX, OBJ[row].OY), OBJ[row].OSIDE, mark);
+        if (OBJ[row].OTYPE == 1)
+            Draw_Holder(painter, sight.At(OBJ[row].OX, OBJ[row].OY), Objective_Holder(row), mark);
         Draw_Mark(painter, sight, Objective_Picture(OBJ[row].OTYPE), OBJ[row].OX, OBJ[row].OY, mark);
     }
     painter.restore();

@@ -16,6 +16,16 @@ namespace {
 
 constexpr int LINE_HEIGHT = 17, SYMBOL = 36, GAP = 10;
 
+struct C2_LOOK {
+    const char *STATE, *GROUND, *INK;
+};
+constexpr C2_LOOK C2_LOOKS[] = {
+    {"Good", "#55ff55", "#000000"},
+    {"Average", "#ffff55", "#000000"},
+    {"Poor", "#ff5555", "#000000"},
+    {"Bad", "#000000", "#ffffff"},
+};
+
 /// "MORALE: High": the caption stands back, the value stands out.
 QString Rich(const QString& line)
 {
@@ -25,6 +35,15 @@ QString Rich(const QString& line)
         return QStringLiteral("<b style='font-weight:600'>%1</b>").arg(text.toHtmlEscaped());
     };
     if (colon < 0) return value(line);
+    if (line.startsWith(QLatin1String("C2 Status: "))) {
+        // The state of command is told by its ground too, as on the staff's board.
+        const QString state = line.mid(colon + 2);
+        for (const C2_LOOK& look : C2_LOOKS)
+            if (state.startsWith(QLatin1String(look.STATE)))
+                return soft.arg(line.left(colon + 1)) +
+                       QStringLiteral("<span style='background:%1;color:%2;font-weight:600'>&nbsp;%3&nbsp;</span>")
+                           .arg(QLatin1String(look.GROUND), QLatin1String(look.INK), state.toHtmlEscaped());
+    }
     return soft.arg(line.left(colon + 1).toHtmlEscaped()) + value(line.mid(colon + 2));
 }
 
