@@ -64,6 +64,19 @@ TEST_F(Build_Scenario, AnAttachedUnitLeavesTheMapAndItsParentTakesUpItsFigures)
     EXPECT_EQ(UNIT[302].Y, -2000);
 }
 
+TEST_F(Build_Scenario, AHeadquartersIsGivenAStanceAndAnObjectiveForItsUnits)
+{
+    const std::string text = "map 1\nobjective Halle 300 red\nforce blue\nunit CP \"CP (Bde)\" Weimar; action reserve; aim 1\n"
+                             "unit A \"AR Co (M1A2)\" Weimar@1e; hq CP\nunit B \"AR Co (M1A2)\" Weimar@2e; hq CP; action defend\n";
+    Build(text);
+    EXPECT_EQ(UNIT[2].AIACTION, 4);
+    EXPECT_EQ(UNIT[2].OBJ, 1);
+    EXPECT_EQ(UNIT[3].AIACTION, 3);
+    const COMMAND_RESULT made = Compile(text + "  aim 1\n");
+    EXPECT_EQ(made.STATUS, 1);
+    EXPECT_NE(made.PRINTED.find("small.txt:7: objective 1 cannot be given to B"), std::string::npos) << made.PRINTED;
+}
+
 TEST_F(Build_Scenario, AUnitThatMayFordTakesTheShortWayOnlyWhenItIsToldSo)
 {
     // the Saale flows past Merseburg's east; the nearest bridges lie seven and more cells up and down from there

@@ -5,6 +5,7 @@
 #include "core/shared.h"
 #include "core/text.h"
 #include "manoeuvre/routes.h"
+#include "opponent/intent.h"
 #include "persist/keyed_text.h"
 #include "ways.h"
 
@@ -196,6 +197,17 @@ void Give_Cargo(const Builder& b, UNIT_RECORD& u, int row, const STATEMENT& s)
     u.LZ = Node_Row(row, Number(s, 3, 1, 300), s);
 }
 
+/// The objective that the author has in mind for it.
+void Give_Objective(const Builder&, UNIT_RECORD& u, int row, const STATEMENT& s)
+{
+    const std::vector<int> offered = Objectives_On_Offer(row);
+    const int objective = Number(s, 1, 1, MAX_OBJ);
+    if (std::find(offered.begin(), offered.end(), objective) == offered.end())
+        throw Bad_Script(s.LINE, Cat("objective ", s.WORDS[1], " cannot be given to ", u.NAME.Str(),
+                                     ": it takes one in use, and a unit in reserve or on the attack"));
+    Set_Unit_Objective(row, objective);
+}
+
 /// Where a staff of the computer sends the unit, first and next. Given after the route, which forgets destinations.
 void Give_Goal(const Builder& b, UNIT_RECORD& u, int, const STATEMENT& s)
 {
@@ -260,8 +272,9 @@ constexpr ORDER ORDERS[] = {
     {"retreat",  ROUTE,  1,  1, SM_ORDER { SM_UNUSED; }},
     {"route",    ROUTE,  2, 40, Give_Route},
     {"carry",    CARGO,  4,  4, Give_Cargo},
-    {"action",   CARGO,  2,  2, SM_ORDER { SM_UNUSED; u.AIACTION = Choice(s, 1, {"none", "retreat", "security", "defend",
-                                                                                 "reserve", "attack"}); }},
+    {"action",   CARGO,  2,  2, SM_ORDER { SM_UNUSED; Set_Unit_Action(row, Choice(s, 1, {"none", "retreat", "security", "defend",
+                                                                                         "reserve", "attack"})); }},
+    {"aim",      CARGO,  2,  2, Give_Objective},
     {"goal",     CARGO,  2,  3, Give_Goal},
     {"field",    CARGO,  3,  3, Give_Field},
 };
