@@ -17,6 +17,7 @@ namespace {
 constexpr int BLOWN = 5, BRIDGE = 7, MINES = 8, FORT = 9;   // BG.BGTYPE
 constexpr int ON_MINES = 11, ON_FORT = 21;                  // what an overlay adds to the cell
 constexpr int RIVER = 5;
+constexpr int CROSSING = 2;   // TIMEREGR of a unit that has just entered the water
 constexpr int COMBAT_ENGINEER = 14, BRIDGE_ENGINEER = 15;
 constexpr int SMOKE = 20;   // NBC.NBCTYPE
 
@@ -142,9 +143,12 @@ void Go_On_Working(int u)
     UNIT_RECORD& unit = UNIT[u];
     unit.FATIGUE = Saturate_16(unit.FATIGUE + 3);
     if (unit.MOVESTATUS > 0 && unit.MOVESTATUS != 6) unit.MOVESTATUS = 1;   // a planned retreat route waits on
-    if (unit.STATUS != 2) return;
+    // An ineffective unit builds no further, but its crossing ends, or it would halt each turn for the rest of the
+    // war.
+    const bool works = unit.STATUS == 2, crosses = unit.TIMEREGR <= CROSSING;
+    if (!works && !crosses) return;
     unit.TIMEREGR -= 1;
-    if (unit.TIMEREGR < 1) return;
+    if (unit.TIMEREGR < 1 || !works) return;
     if (unit.TYPE == BRIDGE_ENGINEER && unit.BRIDGING > 0)
         Post_Own(u, Cat(unit.NAME, ": Bridge will be complete in 1 turn!"), 0);
     else if (unit.TIMEREGR < 4)

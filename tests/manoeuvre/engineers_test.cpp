@@ -349,6 +349,21 @@ TEST(Works, ABridgeOfTheTerrainAloneCannotBeBlown)
     EXPECT_EQ(Cell_Value(Hex_Of(2, 2)), 7);
 }
 
+TEST(Works, AnIneffectiveUnitComesOutOfTheWaterWithoutAWord)
+{
+    Board board({"...", ".~.", "..."});
+    const int u = board.Place(BLUE, 15, 15);
+    UNIT[u].STATUS = 1;
+    UNIT[u].TIMEREGR = UNIT[u].MOVESTATUS = 2;
+    Work(u, 1);
+    EXPECT_EQ(UNIT[u].TIMEREGR, 1);
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
+    Work(u, 1);
+    EXPECT_EQ(UNIT[u].TIMEREGR, 0);
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
+    EXPECT_TRUE(Messages().empty());
+}
+
 TEST(Works, ARetreatRouteWaitsOnWhileItsUnitWorks)
 {
     Board board(3, 3);
