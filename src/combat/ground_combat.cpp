@@ -285,7 +285,7 @@ bool Scout_Ground(int a)
             work.BGVISIBLE = 1;
             Screen().Changed(Redraw::GRAPHICS);
         }
-        if (UNIT[a].SIDE == BLUE) Event_Check(a, point.X, point.Y);
+        if (UNIT[a].SIDE == BLUE) Event_Check(a, point.X, point.Y, false);
         if (Gone(a)) return false;
     }
     return true;

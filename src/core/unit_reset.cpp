@@ -161,7 +161,7 @@ void Look_Around()
         Obstacle_Recon(u);
         Engage_Unit(u, 1);
         UNIT[u].ACTIVITY = 0;
-        if (UNIT[u].SIDE == BLUE && UNIT[u].STATUS > 0) Event_Check(u, UNIT[u].X, UNIT[u].Y);
+        if (UNIT[u].SIDE == BLUE && UNIT[u].STATUS > 0) Event_Check(u, UNIT[u].X, UNIT[u].Y, false);
     }
     for (int u = 1; u <= MAX_UNIT; ++u) {
         UNIT[u].ACTIVITY = 0;

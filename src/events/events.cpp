@@ -111,11 +111,11 @@ Media_Kind Kind_Of_File(int probe)
 
 }   // namespace
 
-void Event_Check(int u, int x, int y)
+void Event_Check(int u, int x, int y, bool held_up)
 {
     for (int row = 1; row <= MAX_PP; ++row) {
         if (!Used(PP[row]) || !Reaches(u, row, x, y) || !Triggers(u, row)) continue;
-        if (PP[row].PPOBSTACLE > 0) Hold_Up(u, row);
+        if (held_up && PP[row].PPOBSTACLE > 0) Hold_Up(u, row);
         if (PP[row].PPACTIVE == 0) Happen(u, row);
     }
 }

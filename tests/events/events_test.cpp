@@ -2,8 +2,10 @@
 
 #include "core/unit_reset.h"
 #include "events/event_kinds.h"
+#include "manoeuvre/movement.h"
 #include "persist/program_folder.h"
 #include "support/board.h"
+#include "support/march.h"
 #include "support/scratch.h"
 
 #include <gtest/gtest.h>
@@ -177,6 +179,29 @@ TEST(Events, AnEventWithoutEffectOrAttritionOrVictimIsMarkedHappened)
     road.Meet();
     EXPECT_TRUE(road.Happened());
     EXPECT_EQ(UNIT[road.COLUMN].TURNLOSS, 0.0f);
+}
+
+TEST(Events, ARoadblockCostsTheRestOfATurnAndIsPassedInTheEnd)
+{
+    struct CASE {
+        int TACOPN;
+        std::vector<int> X;   ///< after each turn
+    };
+    // Nine steps of 95 / 9 pixels: 111, 121, 132, 142 .. 195. A platoon on the attack is 10 pixels wide and meets the
+    // block within 13, on a screen 20 and within 18; 132 is 17 away. Each turn begins with a step.
+    for (const CASE& c : {CASE{0, {111, 121, 195}}, CASE{3, {111, 121, 132, 195}}}) {
+        Road road(2);
+        PP[4].PPOBSTACLE = 2;
+        PP[4].PPX = 115;
+        UNIT[road.COLUMN].SIZE = 1;
+        UNIT[road.COLUMN].TACOPN = c.TACOPN;
+        Plot(road.COLUMN, {{195, 100}});
+        for (const int x : c.X) {
+            Movement();
+            Reset_Units();
+            EXPECT_EQ(UNIT[road.COLUMN].X, x) << c.TACOPN;
+        }
+    }
 }
 
 TEST(Events, AnImmediateEventIsBornHappenedAndOnlyHoldsUp)
