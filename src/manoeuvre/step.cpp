@@ -177,7 +177,8 @@ void Step(int unit)
     u.SENSORS = 0;
     const int here = Cell_Value(u.HEXNUM);
     if (here >= 11 && here <= 20) u.BREACH = 1;
-    if (u.BREACH == 1 && u.MOVESTATUS == 2) u.MOVESTATUS = 1;
+    // An ineffective unit cannot breach; held at an obstacle, it would never leave again.
+    if (u.BREACH == 1 && u.MOVESTATUS == 2 && u.STATUS == 2) u.MOVESTATUS = 1;
     Set_Footprint(unit);
     if (u.MOVESTATUS != 5) Engage_Unit(unit, 1);
     if (!Goes_On(unit) || u.MOVESTATUS == 1) return;

@@ -428,6 +428,10 @@ TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
     EXPECT_EQ(UNIT[unit].X, 15);
     EXPECT_EQ(UNIT[unit].BREACH, 1);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 1);
+    UNIT[unit].STATUS = 1;   // who cannot breach it is not held by it
+    UNIT[unit].MOVESTATUS = 2;
+    Move_Units(unit);
+    EXPECT_EQ(UNIT[unit].X, 25);
 }
 
 TEST(Movement_Hazards, ContaminationIsMeasuredFromThePlaceThatTheUnitLeaves)
