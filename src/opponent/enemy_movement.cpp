@@ -151,7 +151,8 @@ void Plan_Movement(const PLAN& plan)
         UNIT_RECORD& unit = UNIT[u];
         if (unit.TYPE == 50 || unit.SIDE != plan.SIDE || unit.STATUS < 1) continue;
         unit.UCONTROL = 1;
-        if (unit.MOBILITY != 3 && unit.LOGSTATN >= 1) Plan_Ground_Unit(plan, u, ground);
+        // A convoy that lost its load under fire still goes to its customer, which waits for it.
+        if (unit.MOBILITY != 3 && (unit.LOGSTATN >= 1 || unit.SIZE == 100)) Plan_Ground_Unit(plan, u, ground);
         if (unit.TYPE == 11) Plan_Strike_Flight(u);
         if (unit.TYPE == 12) Plan_Air_Assault(u);
     }

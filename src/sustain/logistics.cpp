@@ -10,6 +10,7 @@ namespace sm {
 
 namespace {
 
+constexpr int CONVOY = 100;   // SIZE
 constexpr int DELIVERY_KM = 5;
 
 bool In_Table(int unit) { return unit >= 1 && unit <= MAX_UNIT; }
@@ -26,6 +27,7 @@ void Check_Ground_Unit(int u)
 {
     UNIT_RECORD& unit = UNIT[u];
     if (unit.LOGSTATN >= 0 && unit.LOGSTATN <= 10) {
+        if (unit.SIZE == CONVOY) return;   // it lost its load, and nobody brings another: it drives on
         Post_Own(u, Cat(unit.NAME, ": Out of Supply - Operations Halted!"), 0);
         if (unit.MOVESTATUS == 2) {
             unit.MOVESTATUS = 1;
@@ -69,16 +71,17 @@ void Deliver(int convoy)
     Unit_Report(3, customer);
 }
 
-bool Convoy_On_Its_Way(int customer)
+/// Whether a convoy of at least this STATUS is there for the customer. One of 1 never delivers.
+bool Convoy_On_Its_Way(int customer, int least_status)
 {
     for (int u = 1; u <= MAX_UNIT; ++u)
-        if (UNIT[u].STATUS > 0 && UNIT[u].CONVOYD == customer) return true;
+        if (UNIT[u].STATUS >= least_status && UNIT[u].CONVOYD == customer) return true;
     return false;
 }
 
 }   // namespace
 
-bool Is_Depot(int unit) { return UNIT[unit].TYPE == 13 && UNIT[unit].SIZE != 100; }
+bool Is_Depot(int unit) { return UNIT[unit].TYPE == 13 && UNIT[unit].SIZE != CONVOY; }
 
 void Logistics_Phase()
 {
@@ -92,7 +95,7 @@ void Logistics_Phase()
             const UNIT_RECORD& supplier = UNIT[unit.LOGUNIT];
             unit.LOGD = Int_Div(Distance_Truncated(unit.X, unit.Y, supplier.X, supplier.Y), MAPSCALE);
         }
-        if (unit.SIZE == 100 && unit.STATUS > 1) Deliver(u);
+        if (unit.SIZE == CONVOY && unit.STATUS > 1) Deliver(u);
     }
 }
 
@@ -112,7 +115,7 @@ bool Convoy_Is_Due(int unit)
 {
     const int supplier = UNIT[unit].LOGUNIT;
     return UNIT[unit].LOGSTATN < 75 && GTURN >= 2 && In_Table(supplier) && UNIT[supplier].LSF2 > 0 &&
-           !Convoy_On_Its_Way(unit);
+           !Convoy_On_Its_Way(unit, 2);
 }
 
 int Convoy_Load(int customer)
@@ -131,7 +134,7 @@ void Fill_Convoy(int row, int side, int customer, int supplier, int load)
     c.NAME = Cat("CONVOY #", To_Text(row));
     c.IMAGE = side == BLUE ? "btrk.ico" : "rtrk.ico";
     c.SIDE = side;
-    c.SIZE = 100;
+    c.SIZE = CONVOY;
     c.TYPE = 13;
     c.STATUS = 2;
     c.STRENGTH = 100;
@@ -182,14 +185,14 @@ void Auto_Logistics(int side)
     Screen().Phase(side == BLUE ? "Blue Logistics Planning Phase" : "Red Logistics Planning Phase");
     Delay(500);
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (UNIT[u].SIDE != side || UNIT[u].TYPE == 50 || UNIT[u].SIZE == 100 || UNIT[u].STATUS < 1 || UNIT[u].OFFMAP != 0)
+        if (UNIT[u].SIDE != side || UNIT[u].TYPE == 50 || UNIT[u].SIZE == CONVOY || UNIT[u].STATUS < 1 || UNIT[u].OFFMAP != 0)
             continue;
         Find_Supplier(u, 0);   // the first depot of the whole table, whosever it is
         if (Convoy_Is_Due(u)) Build_Convoy(side, u, Convoy_Load(u));
     }
     const ROUTE_GROUND ground;
     for (int c = 1; c <= MAX_UNIT; ++c) {
-        if (UNIT[c].SIZE != 100 || UNIT[c].STATUS < 1) continue;
+        if (UNIT[c].SIZE != CONVOY || UNIT[c].STATUS < 1) continue;
         Aim_Convoy(c);
         if (UNIT[c].OX1 > 0 && UNIT[c].OY1 > 0) Plan_Route(c, ground);
     }
@@ -234,7 +237,7 @@ void Magic_Resupply(int side)
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
         UNIT_RECORD& unit = UNIT[u];
-        if (unit.SIDE != side || unit.STATUS < 1 || Convoy_On_Its_Way(u)) continue;
+        if (unit.SIDE != side || unit.STATUS < 1 || Convoy_On_Its_Way(u, 1)) continue;
         unit.LSF2 = unit.LSF;
         unit.RSF2 = unit.RSF;
         unit.LOGSTATN = 100;

@@ -12,7 +12,8 @@ bool Is_Depot(int unit);
 /// Gives a unit without a living supplier one: the first depot on the map (of `side` only, or of any when `side` is 0),
 /// else the last line of communication of the unit's own side.
 void Find_Supplier(int unit, int side);
-/// Whether a unit below 75 percent gets a convoy now: none is on its way, the supplier holds stock, turn 2 or later.
+/// Whether a unit below 75 percent gets a convoy now: none that can deliver is on its way, the supplier holds stock,
+/// turn 2 or later.
 bool Convoy_Is_Due(int unit);
 /// What the customer lacks, rounded; all that the supplier holds and one more when that is less.
 int Convoy_Load(int customer);

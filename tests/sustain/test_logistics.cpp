@@ -150,14 +150,33 @@ TEST(Logistics, AConvoyWithoutACustomerSaysSoAndIsSentToADepot)
     EXPECT_EQ(UNIT[row].OX1, 55);
 }
 
+TEST(Logistics, AConvoyThatLostItsLoadOrItsTrucksDoesNotStarveItsCustomer)
+{
+    Supply_Board board;
+    const int row = Build_Convoy(BLUE, board.customer, 3);
+    UNIT[row].LSF2 = 0;   // shot up: a loss of 0.01 is 5 points of stock
+    UNIT[row].LOGSTATN = 0;
+    UNIT[row].MOVESTATUS = 2;
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[row].MOVESTATUS, 2);   // halted, it would stand for ever, and no other would come
+    EXPECT_EQ(UNIT[row].TACOPN, 4);
+    EXPECT_FALSE(Posted("CONVOY #3: Out of Supply - Operations Halted!"));
+    UNIT[board.customer].LOGSTATN = 25;
+    EXPECT_FALSE(Convoy_Is_Due(board.customer));
+    UNIT[row].STATUS = 1;   // never delivers
+    EXPECT_TRUE(Convoy_Is_Due(board.customer));
+    UNIT[row].STATUS = 2;
+    Place_Unit(row, 555, 60);
+    Logistics_Phase();
+    EXPECT_EQ(UNIT[row].STATUS, 0);   // it arrives empty, and the next may leave
+}
+
 TEST(Logistics, AtTenPercentAUnitHaltsAndAtElevenItOnlyAsks)
 {
     Supply_Board board;
     const int a = board.Place(BLUE, 255, 55), b = board.Place(BLUE, 355, 55), c = board.Place(BLUE, 455, 55);
     for (const int u : {a, b, c}) {
-        UNIT[u].SIZE = 100;   // consumes nothing
-        UNIT[u].TYPE = 5;
-        UNIT[u].STATUS = 1;
+        UNIT[u].SIZE = 0;   // consumes nothing
         UNIT[u].MOVESTATUS = 2;
     }
     UNIT[a].LOGSTATN = 10;
