@@ -120,15 +120,18 @@ int Choose_Passenger(int lift)
 void Plan_Air_Assault(int lift)
 {
     UNIT_RECORD& l = UNIT[lift];
-    // Its fuel was spent on the way: whoever is aboard gets off here, or both would wait for ever.
-    if (l.MOVESTATUS == 0 && l.NUMBER_OF_NODES > 0) Clear_Route(lift);
+    // Its fuel was spent on the way, or no node was left for its zone: whoever is aboard gets off here, or both would wait
+    // for ever.
+    if (l.MOVESTATUS == 0 && (l.NUMBER_OF_NODES > 0 || l.PASSENGER > 0)) Clear_Route(lift);
     if (l.STATUS < 2 || l.LOGSTATN < 1 || l.NUMBER_OF_NODES > 0) return;
     const int objective = Choose_Landing(l.SIDE);
     if (objective == 0) return;
     const int passenger = Choose_Passenger(lift);
     if (passenger == 0) return;
     const int home_x = l.X, home_y = l.Y;
+    l.LZ = 0;
     l.PZ = AI_Add_Node(lift, UNIT[passenger].X, UNIT[passenger].Y);
+    if (l.PZ == 0) return;   // nobody waits for a flight that is not planned
     UNIT[passenger].CARRIER = lift;
     l.LZ = AI_Add_Node(lift, OBJ[objective].OX, OBJ[objective].OY);
     AI_Add_Node(lift, home_x, home_y);

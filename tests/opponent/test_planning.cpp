@@ -431,4 +431,22 @@ TEST(EnemyMovement, AnAirAssaultIsPlannedWithItsZonesAndItsWayHome)
     EXPECT_EQ(UNIT[inf].X, 100);
     EXPECT_EQ(UNIT[inf].CARRIER, 0);
     EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 0);
+
+    // With one node left it picks the infantry up and has no zone for it; with none nobody is told to wait.
+    for (int row = 302; row <= 600; ++row) MN[row].MNUNIT = tanks;
+    Next_Roll(19);
+    Plan_Movement(PLAN{RED, 1, false});
+    EXPECT_EQ(UNIT[lift].PZ, 301);
+    EXPECT_EQ(UNIT[lift].LZ, 0);
+    EXPECT_EQ(UNIT[inf].CARRIER, lift);
+    Clear_Node(301);
+    UNIT[lift].PASSENGER = inf;
+    Place_Off_Picture(inf);
+    UNIT[lift].MOVESTATUS = UNIT[lift].NUMBER_OF_NODES = 0;
+    MN[301].MNUNIT = tanks;
+    Next_Roll(19);
+    Plan_Movement(PLAN{RED, 1, false});
+    EXPECT_EQ(UNIT[inf].X, 100);
+    EXPECT_EQ(UNIT[inf].CARRIER, 0);
+    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 0);
 }
