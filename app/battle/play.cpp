@@ -9,6 +9,7 @@
 #include "persist/program_folder.h"
 #include "persist/safe_file.h"
 
+#include <csignal>
 #include <filesystem>
 
 namespace sm {
@@ -98,6 +99,8 @@ int Play(const Arguments& a)
     if (!a.REPORT.empty()) reports = {a.REPORT + ".txt", a.REPORT + ".html"};
     for (const std::string& report : reports) Refuse_Unwritable(report);
     Refuse_Unwritable(a.SAVE);
+    // Whoever reads the printed battle may stop before its end; the files that were asked for are written all the same.
+    if (!a.SAVE.empty() || !a.REPORT.empty()) std::signal(SIGPIPE, SIG_IGN);
     Open_Home(a);
     Printer printer;
     printer.MESSAGES = !a.QUIET;

@@ -117,7 +117,8 @@ std::string Html_Chart(const char* title, const std::vector<int>& turns, const s
     const std::vector<double> heights = Name_Heights(axes, curves);
     for (std::size_t i = 0; i < curves.size(); ++i) {
         const CURVE& curve = curves[i];
-        s += Cat("<polyline class=\"", curve.CLASS, "\" points=\"", axes.Points(curve.VALUES), "\"/>",
+        s += Cat("<polyline class=\"", curve.CLASS, "\" points=\"", axes.Points(curve.VALUES), "\"/><circle class=\"", curve.CLASS,
+                 "\" cx=\"", Html_Number(axes.X(curve.VALUES.size() - 1)), "\" cy=\"", Html_Number(axes.Y(curve.VALUES.back())), "\" r=\"3\"/>",
                  Text_At(Cat("name ", curve.CLASS).c_str(), WIDTH - NAMES + 8, heights[i], "start", curve.NAME));
     }
     return s + "</svg></figure>";

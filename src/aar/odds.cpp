@@ -101,7 +101,8 @@ std::string Verdict_Of_Odds(const ODDS& odds)
 
 std::string Extent_Of_Odds(const ODDS& odds)
 {
-    return Cat("from all 100 dice positions, turns ", To_Text(odds.FIRST_TURN + 1), " to ", To_Text(odds.FIRST_TURN + Turns_Of(odds)), " of ",
+    const bool one = Turns_Of(odds) == 1;
+    return Cat("from all 100 dice positions, turn", one ? "" : Cat("s ", To_Text(odds.FIRST_TURN + 1), " to"), " ", To_Text(odds.FIRST_TURN + Turns_Of(odds)), " of ",
                To_Text(odds.LAST_TURN));
 }
 

@@ -135,6 +135,13 @@ TEST_F(Command_Line, TheComputerFightsItselfSoundlyOverVariedPositions)
     EXPECT_EQ(one.PRINTED, four.PRINTED);
 }
 
+TEST_F(Command_Line, AReaderWhoStopsEarlyLosesNoReport)
+{
+    Run_Command("'" STONEMARCH_BATTLE "' play " + SCENARIO + " --turns 3 --report " + File("cut") + " --home '" + home->Path().string() +
+                "' 2>&1 | head -n 1");
+    EXPECT_NE(File_Content(folder / "cut.txt").find("After turn 3 of 15"), std::string::npos);
+}
+
 TEST_F(Command_Line, AReportIsLeftAsTextAndAsOnePage)
 {
     ASSERT_EQ(Battle("play " + SCENARIO + " --computer both --quiet --report " + File("report")).STATUS, 0);
