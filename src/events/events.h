@@ -3,8 +3,8 @@
 namespace sm {
 
 /// Scripted events at a place for a (Blue) unit: they slow or stop it, and those that have not happened yet do so.
-/// What they cost is collected in TURNLOSS. They hold up who has just made a step; for a unit that looks around before
-/// its first step of a turn, `held_up` is false: with no points to start with it would never get past.
+/// What they cost is collected in TURNLOSS. They hold up who has just made a step; for a unit that looks around
+/// before its first step of a turn, `held_up` is false: with no points to start with it would never get past.
 void Event_Check(int unit, int x, int y, bool held_up = true);
 
 /// Shows an event's message and its sound, picture or video; nothing before it has happened, but for Red. A file

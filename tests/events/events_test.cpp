@@ -187,8 +187,8 @@ TEST(Events, ARoadblockCostsTheRestOfATurnAndIsPassedInTheEnd)
         int TACOPN;
         std::vector<int> X;   ///< after each turn
     };
-    // Nine steps of 95 / 9 pixels: 111, 121, 132, 142 .. 195. A platoon on the attack is 10 pixels wide and meets the
-    // block within 13, on a screen 20 and within 18; 132 is 17 away. Each turn begins with a step.
+    // Nine steps of 95 / 9 pixels: 111, 121, 132, 142 .. 195. A platoon on the attack is 10 pixels wide and meets
+    // the block within 13, on a screen 20 and within 18; 132 is 17 away. Each turn begins with a step.
     for (const CASE& c : {CASE{0, {111, 121, 195}}, CASE{3, {111, 121, 132, 195}}}) {
         Road road(2);
         PP[4].PPOBSTACLE = 2;
