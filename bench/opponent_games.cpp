@@ -23,7 +23,8 @@ constexpr int TURNS = 15, CONVOYS_A_SIDE = 50;
 /// Samples of a straight line: one a cell, the cell read and added.
 int Walk_Line(int from_x, int from_y, int to_x, int to_y)
 {
-    const int columns = std::abs(Hex_Column(to_x) - Hex_Column(from_x)), rows = std::abs(Hex_Row(to_y) - Hex_Row(from_y));
+    const int columns = std::abs(Hex_Column(to_x) - Hex_Column(from_x)),
+              rows = std::abs(Hex_Row(to_y) - Hex_Row(from_y));
     const int steps = std::max({columns, rows, 1});
     int total = 0;
     for (int i = 1; i <= steps; ++i) {

@@ -1,6 +1,6 @@
-// The words of the command line. Which option belongs to which command is told by one table; what belongs to another
-// command or contradicts itself is refused, never passed over. Of an option given twice the last holds, so that a script
-// can have its own and pass on its caller's.
+// The words of the command line. Which option belongs to which command is told by one table; what belongs to
+// another command or contradicts itself is refused, never passed over. Of an option given twice the last holds, so
+// that a script can have its own and pass on its caller's.
 
 #include "commands.h"
 #include "core/numbers.h"
@@ -31,7 +31,8 @@ Computer Computer_Argument(const std::string&, const std::string& word)
 std::string File_Argument(const std::string& option, const std::string& word)
 {
     if (word.empty()) throw Refusal{Cat(option, " needs a name")};
-    if (option != "--home" && word.back() == '/') throw Refusal{Cat(option, " needs the name of a file, not of a folder: ", word)};
+    if (option != "--home" && word.back() == '/')
+        throw Refusal{Cat(option, " needs the name of a file, not of a folder: ", word)};
     return word;
 }
 
@@ -44,8 +45,8 @@ struct COMMAND_ROW {
     const char* TAKES;
 };
 constexpr COMMAND_ROW COMMANDS[] = {
-    {"play", PLAY, 1, "play takes one FILE"},   {"odds", ODDS_, 1, "odds takes one FILE"},
-    {"soak", SOAK, 0, "soak takes no file"},    {"check", CHECK, 1, "check takes one FILE"},
+    {"play", PLAY, 1, "play takes one FILE"},  {"odds", ODDS_, 1, "odds takes one FILE"},
+    {"soak", SOAK, 0, "soak takes no file"},   {"check", CHECK, 1, "check takes one FILE"},
     {"diff", DIFF, 2, "diff takes two FILES"},
 };
 
@@ -118,7 +119,8 @@ Arguments Read_Arguments(const std::vector<std::string>& words)
         }
         const OPTION_ROW& option = Option_Named(word);
         given.push_back(word);
-        if (option.VALUE && (i + 1 >= words.size() || words[i + 1].rfind("--", 0) == 0)) throw Refusal{Cat(word, " needs a value")};
+        if (option.VALUE && (i + 1 >= words.size() || words[i + 1].rfind("--", 0) == 0))
+            throw Refusal{Cat(word, " needs a value")};
         option.TAKE(a, word, option.VALUE ? words[++i] : word);
         if (word == "--hash" && i + 1 < words.size() && words[i + 1] == "phases") {
             a.HASH_PHASES = true;

@@ -28,13 +28,13 @@ struct Arguments {
     bool HASH = false, HASH_PHASES = false, QUIET = false, STATUS = false;
     int TYPE = 0, TURN_LENGTH = 0, ELINT = 0, EXPLAIN = 0;
     std::optional<Computer> COMPUTER;
-    int WORKERS = 0, KEEP = 0;        ///< 0 workers: one for each processor
-    int BATTLES = 20, FIRST = 1;      ///< soak
+    int WORKERS = 0, KEEP = 0;     ///< 0 workers: one for each processor
+    int BATTLES = 20, FIRST = 1;   ///< soak
 };
 /// Refuses unknown words, options of another command, and contradictions.
 Arguments Read_Arguments(const std::vector<std::string>& words);
 
-void Print(std::string_view text);        ///< code page 1252, printed as UTF-8
+void Print(std::string_view text);   ///< code page 1252, printed as UTF-8
 void Print_Line(std::string_view text);
 void Print_Utf8(std::string_view text);
 
@@ -42,7 +42,7 @@ void Print_Utf8(std::string_view text);
 class Printer : public Headless_Platform {
 public:
     bool MESSAGES = true;
-    bool STATUS_LINE = false;           ///< also what the status line shows for a moment
+    bool STATUS_LINE = false;   ///< also what the status line shows for a moment
     bool HASH_PHASES = false;
     std::vector<MESSAGE_MARK> POSTED;   ///< messages of the turn under way
 

@@ -34,7 +34,8 @@ void Refuse_Unwritable(const std::string& path)
     const std::filesystem::path target(path), folder = target.has_parent_path() ? target.parent_path() : ".";
     std::error_code fault;
     if (std::filesystem::is_directory(target, fault)) throw Refusal{Cat(path, ": this is a folder")};
-    if (!std::filesystem::is_directory(folder, fault)) throw Refusal{Cat(path, ": there is no folder ", folder.string())};
+    if (!std::filesystem::is_directory(folder, fault))
+        throw Refusal{Cat(path, ": there is no folder ", folder.string())};
     const bool there = std::filesystem::exists(target, fault);
     if (access(folder.c_str(), W_OK) != 0 || (there && access(path.c_str(), W_OK) != 0))
         throw Refusal{Cat(path, ": cannot be written: ", std::strerror(errno))};

@@ -10,6 +10,7 @@ namespace sm {
 
 namespace {
 
+// clang-format off
 constexpr const char* HELP =
     "stonemarch-battle: plays, checks and compares games without a window\n"
     "\n"
@@ -48,6 +49,7 @@ constexpr const char* HELP =
     "      --home DIR                      program folder (default: home/ beside this program)\n"
     "\n"
     "Exit status: 0 fine, 1 faults or differences found, 2 wrong use or unreadable file.\n";
+// clang-format on
 
 int Run(const std::vector<std::string>& words)
 {
@@ -74,7 +76,8 @@ int main(int argc, char** argv)
 {
     try {
         const int status = sm::Run({argv + 1, argv + argc});
-        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw sm::Refusal{"the output cannot be written"};
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+            throw sm::Refusal{"the output cannot be written"};
         return status;
     } catch (const sm::Refusal& refusal) {
         std::fflush(stdout);

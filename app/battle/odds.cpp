@@ -44,8 +44,8 @@ public:
     void After_Turn()
     {
         for (int u = 1; u <= MAX_UNIT; ++u)
-            if (UNIT[u].STATUS > 0 && UNIT[u].SIZE != CONVOY && UNIT[u].MOBILITY < AVIATION && UNIT[u].PARENT_UNIT == 0 &&
-                PLACE[u] != std::pair<int, int>{UNIT[u].X, UNIT[u].Y})
+            if (UNIT[u].STATUS > 0 && UNIT[u].SIZE != CONVOY && UNIT[u].MOBILITY < AVIATION &&
+                UNIT[u].PARENT_UNIT == 0 && PLACE[u] != std::pair<int, int>{UNIT[u].X, UNIT[u].Y})
                 SIGN.MOVED |= UNIT[u].SIDE;
         for (int o = 1; o <= MAX_OBJ; ++o)
             if (OBJ[o].OTYPE == 1 && OBJ[o].OID != HOLDER[o]) SIGN.CHANGES += 1;
@@ -56,8 +56,8 @@ private:
     int HOLDER[MAX_OBJ + 1] = {};
 };
 
-/// Plays one position from the state in hand. After the first turn, whose orders are the plotted ones, the computer plans the
-/// sides that were named. Stops short when a turn fails.
+/// Plays one position from the state in hand. After the first turn, whose orders are the plotted ones, the
+/// computer plans the sides that were named. Stops short when a turn fails.
 std::vector<OUTCOME> Play_Position(int position, int turns, std::optional<Computer> computer)
 {
     Signs_Of_Life signs;
@@ -106,7 +106,8 @@ int Odds(const Arguments& a)
         const int last = std::min<int>(MAXGTURN, GTURN + turns);
         Play_Position(a.KEEP, turns, a.COMPUTER);
         if (!Save_Game_File(a.SAVE, true)) throw Refusal{Cat(a.SAVE, ": cannot be written")};
-        if (GTURN != last) throw Refusal{Cat("turn ", To_Text(GTURN + 1), " failed; the game is kept as it stood before it")};
+        if (GTURN != last)
+            throw Refusal{Cat("turn ", To_Text(GTURN + 1), " failed; the game is kept as it stood before it")};
         return FINE;
     }
     ODDS odds;
@@ -129,8 +130,8 @@ int Odds(const Arguments& a)
     for (int position = 1; position <= POSITIONS; ++position) {
         const auto& battle = odds.BATTLES[static_cast<std::size_t>(position) - 1];
         if (battle.empty() || battle.back().TURN != std::min<int>(MAXGTURN, GTURN + turns))
-            throw Refusal{Cat("a turn failed from dice position ", To_Text(position), "; `odds --keep ", To_Text(position),
-                              " --save OUT` keeps the game as it stood before that turn")};
+            throw Refusal{Cat("a turn failed from dice position ", To_Text(position), "; `odds --keep ",
+                              To_Text(position), " --save OUT` keeps the game as it stood before that turn")};
     }
     const std::string text = Odds_Text(odds);
     if (!reports.empty())   // first, for whoever reads the printed text may stop before its end

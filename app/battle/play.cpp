@@ -34,8 +34,10 @@ std::string Turn_Heading()
 
 std::string Opening(const Arguments& a)
 {
-    const std::string name = GAMEFILE.Empty() ? std::filesystem::path(a.WORDS[1]).filename().string() : GAMEFILE.Str();
-    return Cat(name, ": turn ", To_Text(GTURN), " of ", To_Text(MAXGTURN), ", ", Header().CLOCK, " ", Header().DATE);
+    const std::string name =
+        GAMEFILE.Empty() ? std::filesystem::path(a.WORDS[1]).filename().string() : GAMEFILE.Str();
+    return Cat(name, ": turn ", To_Text(GTURN), " of ", To_Text(MAXGTURN), ", ", Header().CLOCK, " ",
+               Header().DATE);
 }
 
 /// Plays to the last turn, or as many as are wanted. False when a turn failed.
@@ -69,10 +71,18 @@ void Open_Home(const Arguments& a)
 void Let_Computer_Plan(Computer computer)
 {
     switch (computer) {
-    case Computer::NONE: PlayType = 0; break;
-    case Computer::BLUE_SIDE: PlayType = 4; break;   // the human is Red
-    case Computer::RED_SIDE: PlayType = 3; break;
-    case Computer::BOTH_SIDES: PlayType = 34; break;
+    case Computer::NONE:
+        PlayType = 0;
+        break;
+    case Computer::BLUE_SIDE:
+        PlayType = 4;
+        break;   // the human is Red
+    case Computer::RED_SIDE:
+        PlayType = 3;
+        break;
+    case Computer::BOTH_SIDES:
+        PlayType = 34;
+        break;
     }
 }
 
@@ -99,7 +109,8 @@ int Play(const Arguments& a)
     if (!a.REPORT.empty()) reports = {a.REPORT + ".txt", a.REPORT + ".html"};
     for (const std::string& report : reports) Refuse_Unwritable(report);
     Refuse_Unwritable(a.SAVE);
-    // Whoever reads the printed battle may stop before its end; the files that were asked for are written all the same.
+    // Whoever reads the printed battle may stop before its end; the files that were asked for are written all the
+    // same.
     if (!a.SAVE.empty() || !a.REPORT.empty()) std::signal(SIGPIPE, SIG_IGN);
     Open_Home(a);
     Printer printer;

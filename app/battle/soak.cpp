@@ -1,5 +1,5 @@
-// The computer against itself over varied stock positions: the invariants after each phase, and in every turn the same
-// turn again from the saved text.
+// The computer against itself over varied stock positions: the invariants after each phase, and in every turn the
+// same turn again from the saved text.
 
 #include "commands.h"
 #include "core/invariants.h"
@@ -94,20 +94,21 @@ void Vary_Position(int battle)
     for (int u = 1; u <= MAX_UNIT; ++u) Vary_Unit(vary, u);
 }
 
-/// Fields that a game file is told to lose: an end of the leg that no rule reads, a reserved counter, an event's marker, and
-/// what lives for one turn or one seat only.
+/// Fields that a game file is told to lose: an end of the leg that no rule reads, a reserved counter, an event's
+/// marker, and what lives for one turn or one seat only.
 bool Lost_By_File(const std::string& difference)
 {
-    static constexpr const char* LOST[] = {".DX ", "BAIAB ", ".PPVISIBLE ", ".ROE ", ".HPTVALUE ", ".TGTLINK ", ".FREEHUNT ",
-                                           ".HQPOWER ", "GAMEFILE ", "GAMEVERSION ", "AARN "};
+    static constexpr const char* LOST[] = {".DX ",       "BAIAB ",       ".PPVISIBLE ", ".ROE ",
+                                           ".HPTVALUE ", ".TGTLINK ",    ".FREEHUNT ",  ".HQPOWER ",
+                                           "GAMEFILE ",  "GAMEVERSION ", "AARN "};
     return std::any_of(std::begin(LOST), std::end(LOST), [&](const char* name) {
         const std::string key(name);
         return key[0] == '.' ? difference.find(key) != std::string::npos : difference.rfind(key, 0) == 0;
     });
 }
 
-/// The cells to the end of a route are in no file. A load counts them anew, and a route that has ended counts 0 there, while a
-/// last node in the unit's own cell leaves -1 in play.
+/// The cells to the end of a route are in no file. A load counts them anew, and a route that has ended counts 0
+/// there, while a last node in the unit's own cell leaves -1 in play.
 void Forget_Ended_Routes()
 {
     for (int u = 1; u <= MAX_UNIT; ++u)
@@ -200,7 +201,8 @@ FINDINGS Fight(const START& start, const Arguments& a, const std::string& file, 
 /// The four counts and the lines, as a worker hands them over.
 std::string Packed(const FINDINGS& f)
 {
-    return Cat(To_Text(f.TURNS), " ", To_Text(f.BROKEN), " ", To_Text(f.FAILED), " ", To_Text(f.DIFFERING), " ", f.LINES);
+    return Cat(To_Text(f.TURNS), " ", To_Text(f.BROKEN), " ", To_Text(f.FAILED), " ", To_Text(f.DIFFERING), " ",
+               f.LINES);
 }
 
 FINDINGS Unpacked(std::string_view packed)
@@ -221,7 +223,9 @@ int Soak(const Arguments& a)
 {
     Open_Home(a);
     const auto scenarios = Stock_Scenarios();
-    const auto file_of = [&](int battle) { return scenarios[static_cast<std::size_t>(battle) % scenarios.size()]; };
+    const auto file_of = [&](int battle) {
+        return scenarios[static_cast<std::size_t>(battle) % scenarios.size()];
+    };
     Printer printer;
     printer.MESSAGES = false;
     Use_Screen(&printer);
@@ -230,7 +234,8 @@ int Soak(const Arguments& a)
     const auto start = std::make_unique<START>(START{GAME, SEAT});
     FINDINGS all;
     Work_In_Parallel(
-        a.FIRST, a.FIRST + a.BATTLES - 1, a.WORKERS, [&](int battle) { return Packed(Fight(*start, a, file_of(battle), battle)); },
+        a.FIRST, a.FIRST + a.BATTLES - 1, a.WORKERS,
+        [&](int battle) { return Packed(Fight(*start, a, file_of(battle), battle)); },
         [&](int battle, const std::string& result) {
             const FINDINGS f = Unpacked(result);
             all.TURNS += f.TURNS;
@@ -239,7 +244,8 @@ int Soak(const Arguments& a)
             all.DIFFERING += f.DIFFERING;
             if (f.Sound()) return;
             Print(f.LINES);
-            Print_Line(Cat("battle ", To_Text(battle), " (", std::filesystem::path(file_of(battle)).filename().string(),
+            Print_Line(Cat("battle ", To_Text(battle), " (",
+                           std::filesystem::path(file_of(battle)).filename().string(),
                            ") is not sound: soak --first ", To_Text(battle), " --battles 1"));
         });
     Use_Screen(nullptr);

@@ -127,7 +127,8 @@ void Work_In_Parallel(int first, int last, int workers, const std::function<std:
         waitpid(w.PROCESS, &status, 0);
         sound = sound && status == 0;
     }
-    if (!sound || next <= last) throw Refusal{Cat("a worker process died; number ", To_Text(next), " is the first without a result")};
+    if (!sound || next <= last)
+        throw Refusal{Cat("a worker process died; number ", To_Text(next), " is the first without a result")};
 }
 
 }   // namespace sm

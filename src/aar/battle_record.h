@@ -12,19 +12,19 @@ struct UNIT_MARK {
     int UNIT, SIDE, TYPE, SIZE, STATUS, X, Y, STRENGTH;
 };
 struct MESSAGE_MARK {
-    int SIDE, X, Y;      ///< audience and place
-    std::string TEXT;    ///< with its location, code page 1252
+    int SIDE, X, Y;     ///< audience and place
+    std::string TEXT;   ///< with its location, code page 1252
 };
 struct TURN_RECORD {
     int TURN;
     std::string CLOCK;   ///< "1100 hrs 9 Feb"
     float BLUE_POWER, RED_POWER;
     int BLUE_POINTS, RED_POINTS;
-    int BLUE_LOSS, RED_LOSS;       ///< percent of the power at the start
-    int STATUS;                    ///< VSTATUS
-    int BLUE_UNITS, RED_UNITS;     ///< units in play, without convoys and lines of communication
-    std::vector<CAUSE> CAUSES;     ///< sums since the start
-    std::vector<int> HOLDERS;      ///< OID of each objective of OBJECTIVES
+    int BLUE_LOSS, RED_LOSS;     ///< percent of the power at the start
+    int STATUS;                  ///< VSTATUS
+    int BLUE_UNITS, RED_UNITS;   ///< units in play, without convoys and lines of communication
+    std::vector<CAUSE> CAUSES;   ///< sums since the start
+    std::vector<int> HOLDERS;    ///< OID of each objective of OBJECTIVES
     std::vector<UNIT_MARK> UNITS;
     std::vector<MESSAGE_MARK> MESSAGES;
 };
@@ -32,12 +32,12 @@ struct OBJECTIVE_MARK {
     int OBJECTIVE, X, Y, VALUE;
 };
 struct BATTLE_RECORD {
-    std::string NAME, START;       ///< scenario, clock of the first moment
+    std::string NAME, START;   ///< scenario, clock of the first moment
     float BLUE_START = 0, RED_START = 0;
-    int LAST_TURN = 0;             ///< MAXGTURN
+    int LAST_TURN = 0;   ///< MAXGTURN
     bool OVER = false;
     int MAP_WIDTH = 0, MAP_HEIGHT = 0;
-    std::string MAP_PICTURE;       ///< path of the picture file, empty without one
+    std::string MAP_PICTURE;   ///< path of the picture file, empty without one
     std::vector<OBJECTIVE_MARK> OBJECTIVES;
     std::vector<std::string> UNIT_NAMES;   ///< by unit number; a name stays after its unit is gone
     std::vector<TURN_RECORD> TURNS;        ///< the state before the first turn comes first

@@ -10,8 +10,9 @@ namespace sm {
 
 namespace {
 
-constexpr int WIDTH = 560, HEIGHT = 270, LEFT = 52, TOP = 14, BOTTOM = 40, NAMES = 74;   ///< room for names at the right
-constexpr double LINE = 15;                                                              ///< height of a name
+constexpr int WIDTH = 560, HEIGHT = 270, LEFT = 52, TOP = 14, BOTTOM = 40,
+              NAMES = 74;     ///< room for names at the right
+constexpr double LINE = 15;   ///< height of a name
 
 /// A round step that divides `range` into five or fewer.
 double Tick_Step(double range)
@@ -55,22 +56,24 @@ struct AXES {
     std::string Points(const std::vector<double>& values) const
     {
         std::string s;
-        for (std::size_t i = 0; i < values.size(); ++i) s += Cat(Html_Number(X(i)), ",", Html_Number(Y(values[i])), " ");
+        for (std::size_t i = 0; i < values.size(); ++i)
+            s += Cat(Html_Number(X(i)), ",", Html_Number(Y(values[i])), " ");
         return s;
     }
     /// The way out along one row and back along the other.
     std::string Around(const CURVE::BAND& band) const
     {
         std::string s = Points(band.HIGH);
-        for (std::size_t i = band.LOW.size(); i-- > 0;) s += Cat(Html_Number(X(i)), ",", Html_Number(Y(band.LOW[i])), " ");
+        for (std::size_t i = band.LOW.size(); i-- > 0;)
+            s += Cat(Html_Number(X(i)), ",", Html_Number(Y(band.LOW[i])), " ");
         return s;
     }
 };
 
 std::string Text_At(const char* css, double x, double y, const char* anchor, std::string_view text)
 {
-    return Cat("<text class=\"", css, "\" x=\"", Html_Number(x), "\" y=\"", Html_Number(y), "\" text-anchor=\"", anchor, "\">",
-               Html_Text(text), "</text>");
+    return Cat("<text class=\"", css, "\" x=\"", Html_Number(x), "\" y=\"", Html_Number(y), "\" text-anchor=\"",
+               anchor, "\">", Html_Text(text), "</text>");
 }
 
 std::string Grid(const AXES& axes, const std::vector<int>& turns)
@@ -78,8 +81,9 @@ std::string Grid(const AXES& axes, const std::vector<int>& turns)
     std::string s;
     for (int tick = axes.FIRST_TICK; tick <= axes.LAST_TICK; ++tick) {
         const double y = axes.Y(tick * axes.STEP);
-        s += Cat("<line class=\"grid\" x1=\"", To_Text(LEFT), "\" x2=\"", To_Text(WIDTH - NAMES), "\" y1=\"", Html_Number(y),
-                 "\" y2=\"", Html_Number(y), "\"/>", Text_At("axis", LEFT - 6, y + 4, "end", Html_Number(tick * axes.STEP)));
+        s += Cat("<line class=\"grid\" x1=\"", To_Text(LEFT), "\" x2=\"", To_Text(WIDTH - NAMES), "\" y1=\"",
+                 Html_Number(y), "\" y2=\"", Html_Number(y), "\"/>",
+                 Text_At("axis", LEFT - 6, y + 4, "end", Html_Number(tick * axes.STEP)));
     }
     const std::size_t every = turns.size() / 20 + 1;   // room for twenty numbers
     for (std::size_t i = 0; i < turns.size(); i += every)
@@ -109,16 +113,18 @@ std::vector<double> Name_Heights(const AXES& axes, const std::vector<CURVE>& cur
 std::string Html_Chart(const char* title, const std::vector<int>& turns, const std::vector<CURVE>& curves)
 {
     const AXES axes(curves, turns.size());
-    std::string s = Cat("<figure><figcaption>", Html_Text(title), "</figcaption><svg class=\"chart\" viewBox=\"0 0 ", To_Text(WIDTH), " ",
-                        To_Text(HEIGHT), "\" role=\"img\" aria-label=\"", Html_Text(title), "\">", Grid(axes, turns));
+    std::string s = Cat("<figure><figcaption>", Html_Text(title),
+                        "</figcaption><svg class=\"chart\" viewBox=\"0 0 ", To_Text(WIDTH), " ", To_Text(HEIGHT),
+                        "\" role=\"img\" aria-label=\"", Html_Text(title), "\">", Grid(axes, turns));
     for (const CURVE& curve : curves)
         for (const CURVE::BAND& band : curve.BANDS)
             s += Cat("<polygon class=\"", curve.CLASS, "\" points=\"", axes.Around(band), "\"/>");
     const std::vector<double> heights = Name_Heights(axes, curves);
     for (std::size_t i = 0; i < curves.size(); ++i) {
         const CURVE& curve = curves[i];
-        s += Cat("<polyline class=\"", curve.CLASS, "\" points=\"", axes.Points(curve.VALUES), "\"/><circle class=\"", curve.CLASS,
-                 "\" cx=\"", Html_Number(axes.X(curve.VALUES.size() - 1)), "\" cy=\"", Html_Number(axes.Y(curve.VALUES.back())), "\" r=\"3\"/>",
+        s += Cat("<polyline class=\"", curve.CLASS, "\" points=\"", axes.Points(curve.VALUES),
+                 "\"/><circle class=\"", curve.CLASS, "\" cx=\"", Html_Number(axes.X(curve.VALUES.size() - 1)),
+                 "\" cy=\"", Html_Number(axes.Y(curve.VALUES.back())), "\" r=\"3\"/>",
                  Text_At(Cat("name ", curve.CLASS).c_str(), WIDTH - NAMES + 8, heights[i], "start", curve.NAME));
     }
     return s + "</svg></figure>";

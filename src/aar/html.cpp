@@ -114,8 +114,10 @@ void Put(std::string& bytes, std::uint32_t value, int count)
 std::string Reduced_Bitmap(std::string_view bmp)
 {
     if (bmp.size() < 54 || bmp.substr(0, 2) != "BM") return {};
-    const std::uint32_t start = Number_At(bmp, 10, 4), width = Number_At(bmp, 18, 4), height = Number_At(bmp, 22, 4);
-    if (Number_At(bmp, 28, 2) != 24 || Number_At(bmp, 30, 4) != 0 || width < 1 || width > 20000 || height < 1 || height > 20000)
+    const std::uint32_t start = Number_At(bmp, 10, 4), width = Number_At(bmp, 18, 4),
+                        height = Number_At(bmp, 22, 4);
+    if (Number_At(bmp, 28, 2) != 24 || Number_At(bmp, 30, 4) != 0 || width < 1 || width > 20000 || height < 1 ||
+        height > 20000)
         return {};
     const std::size_t stride = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
     if (start > bmp.size() || stride * height > bmp.size() - start) return {};
@@ -166,11 +168,16 @@ std::string Html_Text(std::string_view utf8)
 {
     std::string s;
     for (const char c : utf8) {
-        if (c == '&') s += "&amp;";
-        else if (c == '<') s += "&lt;";
-        else if (c == '>') s += "&gt;";
-        else if (c == '"') s += "&quot;";
-        else s.push_back(c);
+        if (c == '&')
+            s += "&amp;";
+        else if (c == '<')
+            s += "&lt;";
+        else if (c == '>')
+            s += "&gt;";
+        else if (c == '"')
+            s += "&quot;";
+        else
+            s.push_back(c);
     }
     return s;
 }

@@ -43,7 +43,7 @@ struct SPREAD {
 SPREAD Spread_Of(std::vector<double> values);
 
 std::string Odds_Text(const ODDS& odds);
-std::string Odds_Csv(const ODDS& odds);    ///< one line for each position and turn
+std::string Odds_Csv(const ODDS& odds);   ///< one line for each position and turn
 std::string Odds_Html(const ODDS& odds);
 
 }   // namespace sm

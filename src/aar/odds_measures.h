@@ -8,15 +8,18 @@
 namespace sm {
 
 /// VSTATUS from the best for Red to the best for Blue, and their names in that order.
+// clang-format off
 inline constexpr int VERDICTS_BY_SIDE[] = {1, 2, 3, 7, 4, 5, 6};
 inline constexpr const char* VERDICT_NAMES[] = {"Red decisive", "Red major", "Red minor", "Even",
                                                 "Blue minor",   "Blue major", "Blue decisive"};
+// clang-format on
 
 struct MEASURE {
     const char* NAME;
     double (*VALUE)(const OUTCOME&);
 };
 /// Blue's and Red's, by turns.
+// clang-format off
 inline constexpr MEASURE MEASURES[] = {
     {"Blue points", [](const OUTCOME& o) { return static_cast<double>(o.BLUE_POINTS); }},
     {"Red points", [](const OUTCOME& o) { return static_cast<double>(o.RED_POINTS); }},
@@ -25,6 +28,7 @@ inline constexpr MEASURE MEASURES[] = {
     {"Blue power", [](const OUTCOME& o) { return static_cast<double>(o.BLUE_POWER); }},
     {"Red power", [](const OUTCOME& o) { return static_cast<double>(o.RED_POWER); }},
 };
+// clang-format on
 
 int Turns_Of(const ODDS& odds);
 /// Battles that pass a test after a turn (0 is the first one played).

@@ -21,31 +21,35 @@ std::string Verdict_Part(const BATTLE_RECORD& r)
 {
     const TURN_RECORD& last = r.TURNS.back();
     return Cat("After turn ", To_Text(last.TURN), " of ", To_Text(r.LAST_TURN), ", ", last.CLOCK, ":\n  ",
-               Verdict_Text(last.TURN, last.STATUS, r.OVER), "\n\n", Left("", 24), Right("Blue", 10), Right("Red", 10), "\n",
-               Left("  Victory points", 24), Right(To_Text(last.BLUE_POINTS), 10), Right(To_Text(last.RED_POINTS), 10), "\n",
-               Left("  Power at the start", 24), Right(One_Decimal(r.BLUE_START), 10), Right(One_Decimal(r.RED_START), 10),
-               "\n", Left("  Power now", 24), Right(One_Decimal(last.BLUE_POWER), 10),
+               Verdict_Text(last.TURN, last.STATUS, r.OVER), "\n\n", Left("", 24), Right("Blue", 10),
+               Right("Red", 10), "\n", Left("  Victory points", 24), Right(To_Text(last.BLUE_POINTS), 10),
+               Right(To_Text(last.RED_POINTS), 10), "\n", Left("  Power at the start", 24),
+               Right(One_Decimal(r.BLUE_START), 10), Right(One_Decimal(r.RED_START), 10), "\n",
+               Left("  Power now", 24), Right(One_Decimal(last.BLUE_POWER), 10),
                Right(One_Decimal(last.RED_POWER), 10), "\n", Left("  Losses, percent", 24),
-               Right(To_Text(last.BLUE_LOSS), 10), Right(To_Text(last.RED_LOSS), 10), "\n", Left("  Units in play", 24),
-               Right(To_Text(last.BLUE_UNITS), 10), Right(To_Text(last.RED_UNITS), 10), "\n");
+               Right(To_Text(last.BLUE_LOSS), 10), Right(To_Text(last.RED_LOSS), 10), "\n",
+               Left("  Units in play", 24), Right(To_Text(last.BLUE_UNITS), 10),
+               Right(To_Text(last.RED_UNITS), 10), "\n");
 }
 
 std::string Causes_Part(const TURN_RECORD& last)
 {
     std::string s = "\nLosses by cause, in points of combat power\n";
     for (const CAUSE& c : last.CAUSES)
-        s += Cat(Left(Cat("  ", Trim(c.NAME)), 24), Right(One_Decimal(c.BLUE_LOSS), 10), Right(One_Decimal(c.RED_LOSS), 10),
-                 "\n");
+        s += Cat(Left(Cat("  ", Trim(c.NAME)), 24), Right(One_Decimal(c.BLUE_LOSS), 10),
+                 Right(One_Decimal(c.RED_LOSS), 10), "\n");
     return s;
 }
 
 std::string Turns_Part(const BATTLE_RECORD& r)
 {
-    std::string s = "\nStrengths by turn\n  turn  clock                 Blue power  points  lost  units    Red power  points  lost  units\n";
+    std::string s = "\nStrengths by turn\n  turn  clock                 Blue power  points  lost  units    Red "
+                    "power  points  lost  units\n";
     for (const TURN_RECORD& t : r.TURNS)
         s += Cat(Right(To_Text(t.TURN), 6), "  ", Left(t.CLOCK, 20), Right(One_Decimal(t.BLUE_POWER), 12),
-                 Right(To_Text(t.BLUE_POINTS), 8), Right(To_Text(t.BLUE_LOSS), 5), "%", Right(To_Text(t.BLUE_UNITS), 7),
-                 Right(One_Decimal(t.RED_POWER), 13), Right(To_Text(t.RED_POINTS), 8), Right(To_Text(t.RED_LOSS), 5), "%",
+                 Right(To_Text(t.BLUE_POINTS), 8), Right(To_Text(t.BLUE_LOSS), 5), "%",
+                 Right(To_Text(t.BLUE_UNITS), 7), Right(One_Decimal(t.RED_POWER), 13),
+                 Right(To_Text(t.RED_POINTS), 8), Right(To_Text(t.RED_LOSS), 5), "%",
                  Right(To_Text(t.RED_UNITS), 7), "\n");
     return s;
 }
@@ -80,8 +84,8 @@ std::string Messages_Part(const BATTLE_RECORD& r)
 
 std::string Report_Text(const BATTLE_RECORD& r)
 {
-    return Cat("After-action report: ", r.NAME, "\n\n", Verdict_Part(r),
-               Causes_Part(r.TURNS.back()), Turns_Part(r), Objectives_Part(r), Messages_Part(r));
+    return Cat("After-action report: ", r.NAME, "\n\n", Verdict_Part(r), Causes_Part(r.TURNS.back()),
+               Turns_Part(r), Objectives_Part(r), Messages_Part(r));
 }
 
 }   // namespace sm

@@ -23,7 +23,8 @@ void Take_Possession(OBJ_RECORD& objective)
     for (int u = 1; u <= MAX_UNIT; ++u) {
         if (UNIT[u].STATUS != 2) continue;
         const float reach = UNIT[u].FOOTPRINT / 2 + 16;
-        if (static_cast<float>(Distance_To(u, objective.OX, objective.OY)) <= reach) sums.Add(UNIT[u].SIDE, UNIT[u].RCP2);
+        if (static_cast<float>(Distance_To(u, objective.OX, objective.OY)) <= reach)
+            sums.Add(UNIT[u].SIDE, UNIT[u].RCP2);
     }
     if (sums.BLUE_SUM > 0 && sums.RED_SUM == 0) objective.OID = BLUE;
     if (sums.RED_SUM > 0 && sums.BLUE_SUM == 0) objective.OID = RED;
@@ -74,9 +75,11 @@ struct VERDICT_BOUND {
     float UP_TO;
     int STATUS;
 };
+// clang-format off
 constexpr VERDICT_BOUND VERDICTS[] = {
     {0.33f, 1}, {0.66f, 2}, {0.9f, 3}, {1.1f, 7}, {2.0f, 4}, {3.0f, 5},
 };
+// clang-format on
 
 int Verdict(int blue, int red)
 {

@@ -2,8 +2,8 @@
 
 namespace sm {
 
-/// Sums of combat power: of ineffective units (BRCP2, RRCP2) and of all now (BRCP3, RRCP3); at turn 0 also at the start.
-/// With `row` the AAR row of the turn (1..50) is written.
+/// Sums of combat power: of ineffective units (BRCP2, RRCP2) and of all now (BRCP3, RRCP3); at turn 0 also at the
+/// start. With `row` the AAR row of the turn (1..50) is written.
 void Power_Count(bool row = true);
 /// Has the chart of strengths drawn anew.
 void AAR_Chart();

@@ -19,15 +19,15 @@ struct Victory_Status {
     std::string BLUE_LOSSES, RED_LOSSES;   ///< "Red Losses: 12%", with " !" behind it above the allowed loss
     std::string BLUE_POINTS, RED_POINTS;
     std::string VERDICT;
-    float BLUE_POWER, RED_POWER;           ///< bars under "Total Combat Power"
-    float SCALE;                           ///< RCP points of a full bar: the larger power at the start
+    float BLUE_POWER, RED_POWER;   ///< bars under "Total Combat Power"
+    float SCALE;                   ///< RCP points of a full bar: the larger power at the start
     std::vector<CAUSE> CAUSES;
     struct POINT {
         int TURN;
         float BLUE_POWER, RED_POWER;
         std::string LABEL;
     };
-    std::vector<POINT> CHART;              ///< "Red/Blue Strengths vs Game Turn", turns 1 to GTURN
+    std::vector<POINT> CHART;   ///< "Red/Blue Strengths vs Game Turn", turns 1 to GTURN
 };
 /// Fills the dialog and logs how the loss percentages came about.
 Victory_Status Show_Victory_Status();

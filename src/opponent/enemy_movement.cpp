@@ -31,7 +31,8 @@ void Turn_On_Enemy(int u, int pixels)
 {
     int target = 0;
     for (int e = 1; e <= MAX_UNIT; ++e)
-        if (UNIT[e].SIDE == 3 - UNIT[u].SIDE && UNIT[e].STATUS > 1 && UNIT[e].SPOTTED > 0 && Unit_Distance(u, e) < pixels)
+        if (UNIT[e].SIDE == 3 - UNIT[u].SIDE && UNIT[e].STATUS > 1 && UNIT[e].SPOTTED > 0 &&
+            Unit_Distance(u, e) < pixels)
             target = e;
     if (target == 0) return;
     UNIT[u].OX1 = UNIT[target].X;
@@ -46,8 +47,10 @@ void React(const PLAN& plan, int u)
         return;
     }
     if (plan.FORCE != 0 && plan.FORCE != 1) return;
-    if (Support_Role(unit.TYPE)) unit.MOVEPOINTS2 = static_cast<float>(unit.MOVEPOINTS) * 0.9f;
-    else if (plan.FORCE == 0 && Manoeuvre_Role(unit.TYPE)) Turn_On_Enemy(u, 30);
+    if (Support_Role(unit.TYPE))
+        unit.MOVEPOINTS2 = static_cast<float>(unit.MOVEPOINTS) * 0.9f;
+    else if (plan.FORCE == 0 && Manoeuvre_Role(unit.TYPE))
+        Turn_On_Enemy(u, 30);
 }
 
 void Take_Stance(int u)
@@ -80,9 +83,10 @@ void Plan_Ground_Unit(const PLAN& plan, int u, const ROUTE_GROUND& ground)
     if (unit.OX1 > 0 && unit.OY1 >= 1 && GTURN >= 2) Plan_Route(u, ground);
 }
 
-// ------------------------------------------------------------------------------------------------------- air assault
+// ---------------------------------------------------------------------------------------------------- air assault
 
-/// The objective of an assault: not held, and no spotted enemy within 10 km. Once one was hot no later one is taken.
+/// The objective of an assault: not held, and no spotted enemy within 10 km. Once one was hot no later one is
+/// taken.
 int Choose_Landing(int side)
 {
     bool hot = false;
@@ -101,7 +105,8 @@ int Choose_Landing(int side)
 bool Stands_On_Objective(int unit)
 {
     for (int o = 1; o <= MAX_OBJ; ++o)
-        if (OBJ[o].OTYPE == 1 && static_cast<float>(Distance_To(unit, OBJ[o].OX, OBJ[o].OY)) <= UNIT[unit].FOOTPRINT / 2)
+        if (OBJ[o].OTYPE == 1 &&
+            static_cast<float>(Distance_To(unit, OBJ[o].OX, OBJ[o].OY)) <= UNIT[unit].FOOTPRINT / 2)
             return true;
     return false;
 }
@@ -110,8 +115,9 @@ int Choose_Passenger(int lift)
 {
     for (int k = 1; k <= MAX_UNIT; ++k) {
         const UNIT_RECORD& p = UNIT[k];
-        if (p.SIDE == UNIT[lift].SIDE && p.SIZE <= UNIT[lift].SIZE && (p.TYPE == 19 || p.TYPE == 25) && p.STATUS > 1 &&
-            p.LOGSTATN > 0 && p.CARRIER == 0 && p.PARENT_UNIT == 0 && p.OFFMAP == 0 && !Stands_On_Objective(k))
+        if (p.SIDE == UNIT[lift].SIDE && p.SIZE <= UNIT[lift].SIZE && (p.TYPE == 19 || p.TYPE == 25) &&
+            p.STATUS > 1 && p.LOGSTATN > 0 && p.CARRIER == 0 && p.PARENT_UNIT == 0 && p.OFFMAP == 0 &&
+            !Stands_On_Objective(k))
             return k;
     }
     return 0;
@@ -120,8 +126,8 @@ int Choose_Passenger(int lift)
 void Plan_Air_Assault(int lift)
 {
     UNIT_RECORD& l = UNIT[lift];
-    // Its fuel was spent on the way, or no node was left for its zone: whoever is aboard gets off here, or both would wait
-    // for ever.
+    // Its fuel was spent on the way, or no node was left for its zone: whoever is aboard gets off here, or both
+    // would wait for ever.
     if (l.MOVESTATUS == 0 && (l.NUMBER_OF_NODES > 0 || l.PASSENGER > 0)) Clear_Route(lift);
     if (l.STATUS < 2 || l.LOGSTATN < 1 || l.NUMBER_OF_NODES > 0) return;
     const int objective = Choose_Landing(l.SIDE);

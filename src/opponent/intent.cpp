@@ -15,8 +15,8 @@ std::vector<int> Unit_And_Command(int unit)
     std::vector<int> units{unit};
     if (UNIT[unit].TYPE != HEADQUARTERS) return units;
     for (int u = 1; u <= MAX_UNIT; ++u)
-        if (UNIT[u].SIDE == UNIT[unit].SIDE && UNIT[u].HIGHERHQ == unit && UNIT[u].STATUS > 1 && UNIT[u].OFFMAP == 0 &&
-            UNIT[u].TYPE != HEADQUARTERS)
+        if (UNIT[u].SIDE == UNIT[unit].SIDE && UNIT[u].HIGHERHQ == unit && UNIT[u].STATUS > 1 &&
+            UNIT[u].OFFMAP == 0 && UNIT[u].TYPE != HEADQUARTERS)
             units.push_back(u);
     return units;
 }

@@ -92,7 +92,10 @@ int First_Objective_To_Take(int side)
     return 0;
 }
 
-bool Is_Headquarters(int unit, int side) { return UNIT[unit].TYPE == 18 && UNIT[unit].STATUS > 0 && UNIT[unit].SIDE == side; }
+bool Is_Headquarters(int unit, int side)
+{
+    return UNIT[unit].TYPE == 18 && UNIT[unit].STATUS > 0 && UNIT[unit].SIDE == side;
+}
 
 void Fly_There_And_Back(int uav, int x, int y)
 {
@@ -206,7 +209,8 @@ void Plan_Supply(int side)
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
         const UNIT_RECORD& unit = UNIT[u];
-        if (unit.SIDE != side || unit.TYPE == 50 || unit.SIZE == 100 || unit.STATUS < 1 || unit.OFFMAP != 0) continue;
+        if (unit.SIDE != side || unit.TYPE == 50 || unit.SIZE == 100 || unit.STATUS < 1 || unit.OFFMAP != 0)
+            continue;
         Find_Supplier(u, side);
         if (Convoy_Is_Due(u)) Build_Convoy(side, u, Convoy_Load(u));
     }

@@ -2,14 +2,14 @@
 
 namespace sm {
 
-/// The computer's planning of one side's turn: four fixed passes over the tables, in the orders that a player gives. It uses
-/// what the side has spotted, the dice by their rules, and writes the side's force objective back.
+/// The computer's planning of one side's turn: four fixed passes over the tables, in the orders that a player
+/// gives. It uses what the side has spotted, the dice by their rules, and writes the side's force objective back.
 void Enemy_Planning(int side);
 
 /// What the passes share for one call.
 struct PLAN {
     int SIDE = 0;
-    int FORCE = 0;            ///< force objective: 0 force, 1 terrain, 2 withdrawal
+    int FORCE = 0;   ///< force objective: 0 force, 1 terrain, 2 withdrawal
     bool DEFENDING = false;
 };
 

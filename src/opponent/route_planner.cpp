@@ -25,11 +25,13 @@ struct DETERRENT {
     int VALUE;
     int SUPPORT, MANOEUVRE, ON_FOOT_OR_IN_THE_AIR;   ///< -1: by role
 };
+// clang-format off
 constexpr DETERRENT DETERRENTS[] = {
     // VALUE      SUPPORT MANOEUVRE FOOT, AIR
     {RIVER, 200, 40, -1},
     {IMPASSABLE, 40, 200, 4},
 };
+// clang-format on
 
 int Deterrent(int unit, int value)
 {
@@ -47,7 +49,7 @@ struct COSTS {
     static constexpr int CARRY = -1;   ///< a value without a rule costs what the cell before it cost
     int ENTER[ROUTE_GROUND::KINDS];
     int ADDED[ROUTE_GROUND::KINDS];
-    int LEAST = OUTSIDE_COST;          ///< no sample of this ground costs less
+    int LEAST = OUTSIDE_COST;   ///< no sample of this ground costs less
 
     COSTS(int unit, const ROUTE_GROUND& ground)
     {
@@ -65,8 +67,8 @@ struct COSTS {
     }
 };
 
-/// Half to even for the size of a coordinate: the sum leaves no room for a fraction and rounds it by the one rule of
-/// 32-bit reals. The same as Round_Even, without its tests.
+/// Half to even for the size of a coordinate: the sum leaves no room for a fraction and rounds it by the one rule
+/// of 32-bit reals. The same as Round_Even, without its tests.
 int Round_Coordinate(float value)
 {
     constexpr float NO_ROOM_FOR_A_FRACTION = 12582912.0f;   // 1.5 x 2^23
@@ -79,7 +81,8 @@ struct POINT {
 
 int Samples_Between(POINT from, POINT to)
 {
-    return std::max({std::abs(Hex_Column(to.X) - Hex_Column(from.X)), std::abs(Hex_Row(to.Y) - Hex_Row(from.Y)), 1});
+    return std::max(
+        {std::abs(Hex_Column(to.X) - Hex_Column(from.X)), std::abs(Hex_Row(to.Y) - Hex_Row(from.Y)), 1});
 }
 
 /// One planner's view: a unit's costs on the ground.
@@ -87,7 +90,8 @@ struct SURVEY {
     const ROUTE_GROUND& GROUND;
     const COSTS COST;
 
-    /// Cost of the straight line. The walk ends early, with some sum of `limit` or more, once it is sure to reach that.
+    /// Cost of the straight line. The walk ends early, with some sum of `limit` or more, once it is sure to reach
+    /// that.
     int Line(POINT from, POINT to, bool stop_at_bridge, int limit = 2147483647) const
     {
         const int samples = Samples_Between(from, to);
@@ -133,7 +137,8 @@ bool Manoeuvre_Role(int type)
 }
 
 ROUTE_GROUND::ROUTE_GROUND()
-    : WIDTH(Picture_Width()), HEIGHT(Picture_Height()), CELLS(std::max(0, HEXCOUNT)), WHOLE(std::floor(NUMROWS) == NUMROWS)
+    : WIDTH(Picture_Width()), HEIGHT(Picture_Height()), CELLS(std::max(0, HEXCOUNT)),
+      WHOLE(std::floor(NUMROWS) == NUMROWS)
 {
     for (int x = 0; x < WIDTH; ++x) ABOVE.push_back(Hex_Of(Hex_Column(x), 0));
     for (int y = 0; y < HEIGHT; ++y) ROW.push_back(Hex_Row(y));

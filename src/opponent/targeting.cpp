@@ -6,12 +6,13 @@ namespace sm {
 
 namespace {
 
-// ------------------------------------------------------------------------------------------------- worth of a target
+// ---------------------------------------------------------------------------------------------- worth of a target
 
 struct WORTH {
     int FIRST, LAST, VALUE;   ///< roles FIRST..LAST
 };
 constexpr int DEFAULT_WORTH = 1;
+// clang-format off
 constexpr WORTH WORTHS[] = {
     {3, 3, 100},  {11, 11, 100}, {17, 17, 100}, {26, 26, 100},              // missile defence, eyes and wings
     {9, 10, 20},  {12, 12, 20},  {15, 15, 20},  {18, 18, 20},               // rockets, lift, bridges, headquarters
@@ -33,8 +34,9 @@ constexpr int HVT_CLASSES[27] = {
     6, 5, 6,       // light, mechanised infantry, military police
     8, 1, 9, 6, 4, // smoke, psyops, reconnaissance, special forces, UAV
 };
+// clang-format on
 
-// --------------------------------------------------------------------------------------------------- choice of target
+// ----------------------------------------------------------------------------------------------- choice of target
 
 bool Spotted_Enemy(int unit, int side) { return UNIT[unit].SPOTTED > 0 && UNIT[unit].SIDE == 3 - side; }
 
@@ -63,8 +65,8 @@ int Guard_Around(int candidate, int side, int before)
     return guard;
 }
 
-/// The first spotted enemy in range, or a later one of strictly higher worth on which no fire is planned. Missiles look
-/// after their own troops; 0 when nothing is in range.
+/// The first spotted enemy in range, or a later one of strictly higher worth on which no fire is planned. Missiles
+/// look after their own troops; 0 when nothing is in range.
 int Choose_Target(int firer, int side)
 {
     const RANGE_WINDOW range = Range_Of(firer);
@@ -117,7 +119,7 @@ void Credit_Mission(const FIRES& fires, int firer, int target)
     TG[fires.SLOT].FUNIT = firer;
 }
 
-// ---------------------------------------------------------------------------------------------------------- the passes
+// ----------------------------------------------------------------------------------------------------- the passes
 
 void Value_Targets(int side)
 {
@@ -163,7 +165,8 @@ void Plan_Long_Range(FIRES& fires)
             const int target = Choose_Target(u, fires.SIDE);
             if (target != 0) {
                 if (UNIT[target].MOPP < 4)
-                    fires.SLOT = Allocate_Target(target, fires.SIDE, Draw_Munition(fires.SIDE, Munition_For(UNIT[target].TYPE)));
+                    fires.SLOT = Allocate_Target(target, fires.SIDE,
+                                                 Draw_Munition(fires.SIDE, Munition_For(UNIT[target].TYPE)));
                 Credit_Mission(fires, u, target);
             }
         }
@@ -175,7 +178,8 @@ void Plan_Guns(FIRES& fires)
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
         const UNIT_RECORD& unit = UNIT[u];
-        if (unit.SIDE != fires.SIDE || unit.STATUS < 1 || (unit.TYPE != 7 && unit.TYPE != 8) || unit.FSP != 0) continue;
+        if (unit.SIDE != fires.SIDE || unit.STATUS < 1 || (unit.TYPE != 7 && unit.TYPE != 8) || unit.FSP != 0)
+            continue;
         const int target = Choose_Target(u, fires.SIDE);
         if (target == 0) continue;
         fires.SLOT = Allocate_Target(target, fires.SIDE, 1);
@@ -187,7 +191,8 @@ void Plan_General_Support(const FIRES& fires)
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
         UNIT_RECORD& unit = UNIT[u];
-        if (unit.SIDE == fires.SIDE && unit.STATUS > 0 && unit.TYPE >= 7 && unit.TYPE <= 10 && unit.FIREMISSION == 0)
+        if (unit.SIDE == fires.SIDE && unit.STATUS > 0 && unit.TYPE >= 7 && unit.TYPE <= 10 &&
+            unit.FIREMISSION == 0)
             unit.FSP = fires.LOT > 0 ? 2 : 1;
     }
 }
@@ -224,9 +229,12 @@ int Target_Value(int unit, int side)
     for (int o = 1; o <= MAX_OBJ; ++o)
         if (OBJ[o].OTYPE == 1 && static_cast<float>(Distance_To(unit, OBJ[o].OX, OBJ[o].OY)) <= reach) value += 4;
     for (int v = 1; v <= MAX_UNIT; ++v)
-        if (UNIT[v].SIDE == side && static_cast<float>(Unit_Distance(unit, v)) <= reach + UNIT[v].FOOTPRINT / 2) value += 4;
-    if (u.STRENGTH < 35) value = Round_Even(static_cast<float>(value) / 4);
-    else if (u.STRENGTH < 40) value = Round_Even(static_cast<float>(value) / 2);
+        if (UNIT[v].SIDE == side && static_cast<float>(Unit_Distance(unit, v)) <= reach + UNIT[v].FOOTPRINT / 2)
+            value += 4;
+    if (u.STRENGTH < 35)
+        value = Round_Even(static_cast<float>(value) / 4);
+    else if (u.STRENGTH < 40)
+        value = Round_Even(static_cast<float>(value) / 2);
     return value;
 }
 

@@ -55,9 +55,10 @@ TEST(Report, TheStateOfEachTurnStandsInItWithEveryMessage)
     EXPECT_NE(html.find("<td>PC 4276</td><td>M\xC3\xBCller fires &lt;here&gt;</td>"), html.npos);
     EXPECT_EQ(Count(html, "<g class=\"forces\""), 2);
     // From 55 to 155 of 200 pixels, with a tenth more room: 110 from 50 on.
-    EXPECT_NE(html.find("viewBox=\"50 50 110 110\" data-part=\"50 50 110 110\" data-whole=\"0 0 200 200\""), html.npos);
-    EXPECT_EQ(Count(html, "<image"), 0);                        // no picture file
-    EXPECT_EQ(Count(html, "http"), 0);                          // nothing is fetched from elsewhere
+    EXPECT_NE(html.find("viewBox=\"50 50 110 110\" data-part=\"50 50 110 110\" data-whole=\"0 0 200 200\""),
+              html.npos);
+    EXPECT_EQ(Count(html, "<image"), 0);   // no picture file
+    EXPECT_EQ(Count(html, "http"), 0);     // nothing is fetched from elsewhere
     EXPECT_EQ(Count(html, "<table"), Count(html, "</table>"));
     EXPECT_EQ(Count(html, "<g "), Count(html, "</g>"));
 }
@@ -108,7 +109,7 @@ TEST(Odds, TheSpreadIsReadFromTheSortedValues)
     for (int i = 100; i >= 1; --i) values.push_back(i);
     const SPREAD s = Spread_Of(values);
     EXPECT_EQ(s.LEAST, 1);
-    EXPECT_EQ(s.LOW, 10);       // (100 - 1) x 10 / 100 = 9: the tenth value
+    EXPECT_EQ(s.LOW, 10);   // (100 - 1) x 10 / 100 = 9: the tenth value
     EXPECT_EQ(s.MIDDLE, 50);
     EXPECT_EQ(s.HIGH, 90);
     EXPECT_EQ(s.GREATEST, 100);
@@ -121,23 +122,28 @@ TEST(Odds, TextAndTableCountTheSameBattles)
     odds.NAME = "x";
     odds.LAST_TURN = 15;
     for (int p = 1; p <= POSITIONS; ++p) {
-        OUTCOME o{1, p <= 30 ? 6 : 1, p, 2 * p, 3, p <= 10 ? 81 : 80, 5.5f, 6, {3, 2, p % 2, p <= 25 ? 0 : p % 4}, {}};
+        OUTCOME o{1, p <= 30 ? 6 : 1, p, 2 * p, 3, p <= 10 ? 81 : 80, 5.5f, 6, {3, 2, p % 2, p <= 25 ? 0 : p % 4},
+                  {}};
         for (auto& holder : o.HOLDERS) holder = -1;
         o.HOLDERS[4] = p <= 60 ? 1 : 2;
         odds.BATTLES.push_back({o});
     }
     const std::string text = Odds_Text(odds), csv = Odds_Csv(odds), html = Odds_Html(odds);
-    EXPECT_NE(text.find("     1            70             0             0             0             0             0            30"),
+    EXPECT_NE(text.find("     1            70             0             0             0             0             "
+                        "0            30"),
               text.npos);
     EXPECT_NE(text.find("60 / 40"), text.npos);
     EXPECT_EQ(Count(csv, "\r\n"), 101);
     EXPECT_NE(csv.find("\r\n61,1,1,61,122,3,80,5.5,6,3,2,1,1,2\r\n"), csv.npos);
     EXPECT_NE(html.find("Blue decisive: 30"), html.npos);
-    EXPECT_NE(text.find("After turn 1: Red is ahead in 70, neither side in 0, Blue in 30 of 100 battles."), text.npos);
+    EXPECT_NE(text.find("After turn 1: Red is ahead in 70, neither side in 0, Blue in 30 of 100 battles."),
+              text.npos);
     EXPECT_NE(text.find("  fires direct fires                   0       100\n"), text.npos);
     EXPECT_NE(text.find("  is resupplied                       50         0\n"), text.npos);
-    EXPECT_NE(text.find("  keeps a fifth of its power         100        90\n"), text.npos);   // 81 percent lost in ten
+    EXPECT_NE(text.find("  keeps a fifth of its power         100        90\n"),
+              text.npos);   // 81 percent lost in ten
     EXPECT_NE(text.find("  is ahead                            30        70\n"), text.npos);
     // 26..100 but the 19 multiples of 4: 56
-    EXPECT_NE(html.find("Objectives change hands in 56 of 100 battles, 0 to 3 times, 1 in the middle."), html.npos);
+    EXPECT_NE(html.find("Objectives change hands in 56 of 100 battles, 0 to 3 times, 1 in the middle."),
+              html.npos);
 }

@@ -16,7 +16,8 @@ static std::vector<std::string> log_lines;
 TEST(Victory, PowerLeavesOutAttachedUnitsAndNamesTheIneffective)
 {
     Board board(20, 20);
-    const int a = board.Place(BLUE, 5, 5, 5, 10), b = board.Place(BLUE, 5, 5, 5, 4), c = board.Place(BLUE, 5, 5, 5, 2);
+    const int a = board.Place(BLUE, 5, 5, 5, 10), b = board.Place(BLUE, 5, 5, 5, 4),
+              c = board.Place(BLUE, 5, 5, 5, 2);
     board.Place(RED, 100, 100, 5, 7);
     UNIT[b].PARENT_UNIT = a;
     UNIT[c].STATUS = 1;
@@ -51,14 +52,14 @@ TEST(Victory, AnObjectiveGoesOnlyToASideThatStandsAloneOnIt)
     Victory_Points();
     EXPECT_EQ(OBJ[1].OID, RED);   // contested
     EXPECT_EQ(REDVP, 100);
-    UNIT[red].STATUS = 1;         // ineffective units do not contest
+    UNIT[red].STATUS = 1;   // ineffective units do not contest
     Victory_Points();
     EXPECT_EQ(OBJ[1].OID, BLUE);
     EXPECT_EQ(BLUEVP, 100);
-    UNIT[blue].X = 122;           // 22 pixels off: the possessor stays
+    UNIT[blue].X = 122;   // 22 pixels off: the possessor stays
     Victory_Points();
     EXPECT_EQ(BLUEVP, 200);
-    EXPECT_EQ(VSTATUS, 4);        // 200 / 100 = 2: minor
+    EXPECT_EQ(VSTATUS, 4);   // 200 / 100 = 2: minor
 }
 
 TEST(Victory, LossesOfTheBiggerForceWeighMore)
@@ -68,13 +69,13 @@ TEST(Victory, LossesOfTheBiggerForceWeighMore)
     RRCP1 = 200;
     BRCP3 = 90;
     RRCP3 = 150;
-    MBLOSS = 10;    // Blue has lost exactly 10
-    MRLOSS = 24;    // Red 25
+    MBLOSS = 10;   // Blue has lost exactly 10
+    MRLOSS = 24;   // Red 25
     BFOBJ = RFOBJ = 1;
     RARTYL = 10;
     RMANL = 5;
-    REPW = 2;       // double
-    RADAL = 1;      // triple: 22
+    REPW = 2;    // double
+    RADAL = 1;   // triple: 22
     BMANL = 11;
     Victory_Points();
     EXPECT_EQ(BLUEVP, 53);   // 22 x 2 = 44, x 1.2 = 52.8
@@ -104,7 +105,8 @@ TEST(Victory, PointsStayAtTheEndOfTheirRange)
     Victory_Points();
     EXPECT_EQ(BLUEVP, 32767);
     Listen_To_Log(nullptr);
-    EXPECT_EQ(log_lines, std::vector<std::string>{"Victory points have reached the end of their range and stay there"});
+    EXPECT_EQ(log_lines,
+              std::vector<std::string>{"Victory points have reached the end of their range and stay there"});
     BLUEVP = 0;
     REDVP = 0;
     OBJ[1].OTYPE = 0;

@@ -66,6 +66,7 @@ TEST_F(Command_Line, PhasesAndMessagesReadLikeAStaffLog)
 
 TEST_F(Command_Line, WrongUseIsToldInOneLine)
 {
+    // clang-format off
     const std::pair<const char*, const char*> wrong[] = {
         {"", "what shall be done?"},          {"conquer", "unknown command conquer"},
         {"play", "play takes one FILE"},      {"play nothing.sce", "nothing.sce"},
@@ -79,6 +80,7 @@ TEST_F(Command_Line, WrongUseIsToldInOneLine)
         {"odds x --save y", "--save needs --keep N"},
         {"play x --report y/", "not of a folder"},
     };
+    // clang-format on
     for (const auto& [words, line] : wrong) {
         const auto result = Battle(words);
         EXPECT_EQ(result.STATUS, 2) << words;
@@ -96,12 +98,15 @@ TEST_F(Command_Line, WrongUseIsToldInOneLine)
 TEST_F(Command_Line, AnOutputThatCannotBeWrittenIsToldBeforeTheBattle)
 {
     std::filesystem::create_directory(folder / "taken.html");
-    for (const std::string& words : {"play " + SCENARIO + " --save " + File("none/game.btl"), "play " + SCENARIO + " --report " + File("taken"),
-                                     "odds " + SCENARIO + " --out " + File("none/odds"), "odds " + SCENARIO + " --keep 1 --save " + File("taken.html")}) {
+    for (const std::string& words :
+         {"play " + SCENARIO + " --save " + File("none/game.btl"),
+          "play " + SCENARIO + " --report " + File("taken"), "odds " + SCENARIO + " --out " + File("none/odds"),
+          "odds " + SCENARIO + " --keep 1 --save " + File("taken.html")}) {
         const auto result = Battle(words);
         EXPECT_EQ(result.STATUS, 2) << words;
         EXPECT_EQ(Count(result.PRINTED, "\n"), 1) << result.PRINTED;
-        EXPECT_TRUE(result.PRINTED.find("no folder") != result.PRINTED.npos || result.PRINTED.find("is a folder") != result.PRINTED.npos)
+        EXPECT_TRUE(result.PRINTED.find("no folder") != result.PRINTED.npos ||
+                    result.PRINTED.find("is a folder") != result.PRINTED.npos)
             << result.PRINTED;
     }
 }
@@ -109,7 +114,8 @@ TEST_F(Command_Line, AnOutputThatCannotBeWrittenIsToldBeforeTheBattle)
 TEST_F(Command_Line, TheOddsAreTheSameForAnyNumberOfWorkersAndEveryOutcomeCanBeReopened)
 {
     const auto one = Battle("odds " + SCENARIO + " --turns 3 --computer both --workers 1 --out " + File("one"));
-    const auto three = Battle("odds " + SCENARIO + " --turns 3 --computer both --workers 3 --out " + File("three"));
+    const auto three =
+        Battle("odds " + SCENARIO + " --turns 3 --computer both --workers 3 --out " + File("three"));
     ASSERT_EQ(one.STATUS, 0) << one.PRINTED;
     EXPECT_EQ(one.PRINTED, three.PRINTED);
     const std::string csv = File_Content(folder / "one.csv");
@@ -117,7 +123,8 @@ TEST_F(Command_Line, TheOddsAreTheSameForAnyNumberOfWorkersAndEveryOutcomeCanBeR
     EXPECT_EQ(File_Content(folder / "one.html"), File_Content(folder / "three.html"));
     EXPECT_EQ(Count(csv, "\r\n"), 301);
 
-    ASSERT_EQ(Battle("odds " + SCENARIO + " --turns 3 --computer both --keep 42 --save " + File("kept.btl")).STATUS, 0);
+    ASSERT_EQ(
+        Battle("odds " + SCENARIO + " --turns 3 --computer both --keep 42 --save " + File("kept.btl")).STATUS, 0);
     const std::string kept = File_Content(folder / "kept.btl");
     std::smatch row, points;
     ASSERT_TRUE(std::regex_search(csv, row, std::regex("\\r\\n42,3,[1-7],([0-9]+),")));
@@ -131,14 +138,15 @@ TEST_F(Command_Line, TheComputerFightsItselfSoundlyOverVariedPositions)
     EXPECT_EQ(soak.STATUS, 0) << soak.PRINTED;
     EXPECT_NE(soak.PRINTED.find("20 battles, "), std::string::npos);
     // Whatever battles a worker has fought before, each is the same.
-    const auto one = Battle("soak --first 3 --battles 4 --workers 1"), four = Battle("soak --first 3 --battles 4 --workers 4");
+    const auto one = Battle("soak --first 3 --battles 4 --workers 1"),
+               four = Battle("soak --first 3 --battles 4 --workers 4");
     EXPECT_EQ(one.PRINTED, four.PRINTED);
 }
 
 TEST_F(Command_Line, AReaderWhoStopsEarlyLosesNoReport)
 {
-    Run_Command("'" STONEMARCH_BATTLE "' play " + SCENARIO + " --turns 3 --report " + File("cut") + " --home '" + home->Path().string() +
-                "' 2>&1 | head -n 1");
+    Run_Command("'" STONEMARCH_BATTLE "' play " + SCENARIO + " --turns 3 --report " + File("cut") + " --home '" +
+                home->Path().string() + "' 2>&1 | head -n 1");
     EXPECT_NE(File_Content(folder / "cut.txt").find("After turn 3 of 15"), std::string::npos);
 }
 

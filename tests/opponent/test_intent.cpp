@@ -28,7 +28,8 @@ TEST(Intent, AHeadquartersHandsOnWhatItIsGivenToItsAbleUnitsOnTheMap)
         EXPECT_EQ(UNIT[u].AIACTION, 5);
         EXPECT_EQ(UNIT[u].OBJ, 3);
     }
-    for (const int u : {beaten, away, staff, stranger, other_side}) EXPECT_EQ(UNIT[u].AIACTION + UNIT[u].OBJ, 0) << u;
+    for (const int u : {beaten, away, staff, stranger, other_side})
+        EXPECT_EQ(UNIT[u].AIACTION + UNIT[u].OBJ, 0) << u;
     Set_Unit_Action(able, 2);   // no headquarters: nobody else
     EXPECT_EQ(UNIT[stranger].AIACTION, 0);
 }

@@ -54,7 +54,8 @@ TEST(Planning, ABeatenSideLowersItsAimForGood)
 TEST(Planning, AHeadquartersIsWorthWhatItsUnitsHaveLeft)
 {
     Board board(20, 20);
-    const int hq = board.Place(BLUE, 50, 50, 18, 4), a = board.Place(BLUE, 60, 50, 5, 20), b = board.Place(BLUE, 70, 50, 5, 10);
+    const int hq = board.Place(BLUE, 50, 50, 18, 4), a = board.Place(BLUE, 60, 50, 5, 20),
+              b = board.Place(BLUE, 70, 50, 5, 10);
     UNIT[a].HIGHERHQ = UNIT[b].HIGHERHQ = hq;
     UNIT[a].RCP2 = 8;
     UNIT[b].RCP2 = 5.5f;
@@ -123,7 +124,8 @@ TEST(Planning, ConvoysStartFromTheSidesOwnDepotBelowThreeQuarters)
 {
     Board board(60, 60);
     board.Place(BLUE, 100, 100, 13);
-    const int depot = board.Place(RED, 300, 300, 13), low = board.Place(RED, 400, 300, 5), fair = board.Place(RED, 400, 400, 5);
+    const int depot = board.Place(RED, 300, 300, 13), low = board.Place(RED, 400, 300, 5),
+              fair = board.Place(RED, 400, 400, 5);
     UNIT[depot].LSF = 100;
     UNIT[depot].LSF2 = 5.5f;
     UNIT[low].RSF = 10;
@@ -138,10 +140,10 @@ TEST(Planning, ConvoysStartFromTheSidesOwnDepotBelowThreeQuarters)
     EXPECT_EQ(UNIT[row].STATUS, 0);   // none on the first turn
     GTURN = 2;
     Plan_Supply(RED);
-    Plan_Supply(RED);                 // one on its way is enough
+    Plan_Supply(RED);   // one on its way is enough
     EXPECT_EQ(UNIT[row].NAME, "CONVOY #304");
     EXPECT_EQ(UNIT[row].CONVOYD, low);
-    EXPECT_EQ(UNIT[row].LSF2, 6.0f);  // 7 wanted: the whole part of the stock and 1
+    EXPECT_EQ(UNIT[row].LSF2, 6.0f);   // 7 wanted: the whole part of the stock and 1
     EXPECT_EQ(UNIT[depot].LSF2, -0.5f);
     EXPECT_EQ(UNIT[row + 1].STATUS, 0);
 }
@@ -211,7 +213,7 @@ TEST(Targeting, GunsTakeTheFirstInRangeUnlessALaterOneIsWorthMore)
     const int gun = board.Place(BLUE, 100, 100, 8);
     UNIT[gun].MXRANGE = 20;
     UNIT[gun].MINRANGE = 2;
-    UNIT[gun].FOOTPRINT = 10;   // 25 to 205 pixels
+    UNIT[gun].FOOTPRINT = 10;                             // 25 to 205 pixels
     const int near = Spotted(board, RED, 124, 100, 26);   // below the least range
     const int first = Spotted(board, RED, 125, 100, 5), better = Spotted(board, RED, 305, 100, 9);
     Spotted(board, RED, 306, 100, 26);
@@ -277,7 +279,8 @@ TEST(Targeting, RocketsFollowTheStrikesAndMissilesSpareTheirOwnTroops)
 TEST(Targeting, AMissileThatMayNotFireIsCreditedWithTheLastMissionOfTheSide)
 {
     Board board(60, 60);
-    const int gun = board.Place(BLUE, 50, 500, 8), ssm = board.Place(BLUE, 100, 100, 10), free = board.Place(BLUE, 60, 500, 9);
+    const int gun = board.Place(BLUE, 50, 500, 8), ssm = board.Place(BLUE, 100, 100, 10),
+              free = board.Place(BLUE, 60, 500, 9);
     UNIT[ssm].MXRANGE = 150;
     UNIT[free].FSP = 3;
     const int uav = Spotted(board, RED, 400, 100, 26);
@@ -294,11 +297,11 @@ TEST(Targeting, AMissileThatMayNotFireIsCreditedWithTheLastMissionOfTheSide)
     EXPECT_EQ(UNIT[ssm].FIREMISSION, 1);
     EXPECT_EQ(UNIT[uav].TGTLINK, 1);
     EXPECT_EQ(UNIT[ssm].FSP, 0);
-    EXPECT_EQ(UNIT[gun].FSP, 2);    // no mission: the guns cover the strike
+    EXPECT_EQ(UNIT[gun].FSP, 2);   // no mission: the guns cover the strike
     EXPECT_EQ(UNIT[free].FSP, 2);
     UNIT[uav].SPOTTED = 0;
     Enemy_Targeting(BLUE);
-    EXPECT_EQ(UNIT[gun].FSP, 1);    // no strike: counterfire
+    EXPECT_EQ(UNIT[gun].FSP, 1);   // no strike: counterfire
 }
 
 TEST(Targeting, AHelicopterStrikeIsLaunchedByTheSharedDiceOfTheAir)
@@ -359,7 +362,8 @@ TEST(EnemyMovement, StancesReservesAndRetreats)
 TEST(EnemyMovement, AnAttackerLeadsWithItsFightersAndTurnsOnWhatItMeets)
 {
     Board board(60, 60);
-    const int tanks = board.Place(RED, 100, 100, 5), guns = board.Place(RED, 100, 100, 8), lift = board.Place(RED, 100, 100, 5);
+    const int tanks = board.Place(RED, 100, 100, 5), guns = board.Place(RED, 100, 100, 8),
+              lift = board.Place(RED, 100, 100, 5);
     for (const int u : {tanks, guns, lift}) {
         UNIT[u].MOVEPOINTS = UNIT[u].MOVEPOINTS2 = 24;
         UNIT[u].OX1 = UNIT[u].OY1 = 500;
@@ -369,13 +373,13 @@ TEST(EnemyMovement, AnAttackerLeadsWithItsFightersAndTurnsOnWhatItMeets)
     Spotted(board, BLUE, 130, 100, 5);
     GTURN = 1;
     Plan_Movement(PLAN{RED, 0, false});
-    EXPECT_EQ(UNIT[tanks].OX1, 129);          // nearer than 30 pixels
+    EXPECT_EQ(UNIT[tanks].OX1, 129);   // nearer than 30 pixels
     EXPECT_EQ(UNIT[tanks].MOVEPOINTS2, 24);
-    EXPECT_EQ(UNIT[guns].MOVEPOINTS2, 22);    // 21.6
+    EXPECT_EQ(UNIT[guns].MOVEPOINTS2, 22);   // 21.6
     EXPECT_EQ(UNIT[guns].OX1, 500);
-    EXPECT_EQ(UNIT[lift].OX1, 500);           // what flies has no part in it
+    EXPECT_EQ(UNIT[lift].OX1, 500);   // what flies has no part in it
     UNIT[tanks].OX1 = 500;
-    Plan_Movement(PLAN{RED, 1, false});       // for terrain: the destination stays
+    Plan_Movement(PLAN{RED, 1, false});   // for terrain: the destination stays
     EXPECT_EQ(UNIT[tanks].OX1, 500);
 }
 
@@ -401,7 +405,8 @@ TEST(EnemyMovement, AHotObjectiveBarsAllThatFollow)
 TEST(EnemyMovement, AnAirAssaultIsPlannedWithItsZonesAndItsWayHome)
 {
     Board board(60, 60);
-    const int lift = board.Place(RED, 100, 100, 12), tanks = board.Place(RED, 150, 100, 5), inf = board.Place(RED, 200, 100, 19);
+    const int lift = board.Place(RED, 100, 100, 12), tanks = board.Place(RED, 150, 100, 5),
+              inf = board.Place(RED, 200, 100, 19);
     UNIT[lift].MOBILITY = 3;
     UNIT[inf].SIZE = 2;
     OBJ[1].OTYPE = 1;

@@ -28,7 +28,8 @@ struct PLAIN {
     int Line(PLACE from, PLACE to, bool stop) const
     {
         const bool support = Support_Role(UNIT[UNIT_].TYPE), manoeuvre = Manoeuvre_Role(UNIT[UNIT_].TYPE);
-        const int columns = std::abs(Hex_Column(from.X) - Hex_Column(to.X)), rows = std::abs(Hex_Row(from.Y) - Hex_Row(to.Y));
+        const int columns = std::abs(Hex_Column(from.X) - Hex_Column(to.X)),
+                  rows = std::abs(Hex_Row(from.Y) - Hex_Row(to.Y));
         const int n = std::max({columns, rows, 1});
         int sum = 0, carried = 0;
         for (int i = 1; i <= n; ++i) {
@@ -62,7 +63,8 @@ struct PLAIN {
             for (float f = 0.3f; f <= 0.9f; f += 0.1f) {
                 const int dx = Round_Even(static_cast<float>(std::fabs(std::sin(a * 3.14 / 180))) * d * f);
                 const int dy = Round_Even(static_cast<float>(std::fabs(std::cos(a * 3.14 / 180))) * d * f);
-                const PLACE c{a <= 180 ? from.X + dx : from.X - dx, a <= 90 || a >= 271 ? from.Y - dy : from.Y + dy};
+                const PLACE c{a <= 180 ? from.X + dx : from.X - dx,
+                              a <= 90 || a >= 271 ? from.Y - dy : from.Y + dy};
                 if (c.X <= 0 || c.Y <= 0 || c.X >= Picture_Width() || c.Y >= Picture_Height()) continue;
                 const int cost = Line(from, c, true) + Line(c, to, false);
                 if (cost >= best) continue;
@@ -79,27 +81,29 @@ struct PLAIN {
 TEST(RoutePlanner, TheCostOfALineIsSampledOnceACellWithItsDeterrents)
 {
     Board board({"..~..", "..=..", "..6.."});
-    const int tank = board.Place(BLUE, 5, 5), support = board.Place(BLUE, 5, 5, 8), foot = board.Place(BLUE, 5, 5, 19);
+    const int tank = board.Place(BLUE, 5, 5), support = board.Place(BLUE, 5, 5, 8),
+              foot = board.Place(BLUE, 5, 5, 19);
     UNIT[foot].MOBILITY = 0;
-    EXPECT_EQ(Route_Cost(tank, 5, 5, 45, 5, false), 1 + 46 + 1 + 1);        // river 6 + 40
-    EXPECT_EQ(Route_Cost(support, 5, 5, 45, 5, false), 1 + 206 + 1 + 1);    // river 6 + 200
+    EXPECT_EQ(Route_Cost(tank, 5, 5, 45, 5, false), 1 + 46 + 1 + 1);       // river 6 + 40
+    EXPECT_EQ(Route_Cost(support, 5, 5, 45, 5, false), 1 + 206 + 1 + 1);   // river 6 + 200
     EXPECT_EQ(Route_Cost(tank, 5, 15, 45, 15, false), 1 + 3 + 1 + 1);
-    EXPECT_EQ(Route_Cost(tank, 5, 15, 45, 15, true), 1 + 3);                // stops at the bridge, its own cost counted
+    EXPECT_EQ(Route_Cost(tank, 5, 15, 45, 15, true), 1 + 3);   // stops at the bridge, its own cost counted
     EXPECT_EQ(Route_Cost(tank, 5, 25, 45, 25, false), 1 + 210 + 1 + 1);     // impassable 10 + 200
     EXPECT_EQ(Route_Cost(support, 5, 25, 45, 25, false), 1 + 50 + 1 + 1);   // 10 + 40
     EXPECT_EQ(Route_Cost(foot, 5, 25, 45, 25, false), 1 + 6 + 1 + 1);       // 2 + 4
     EXPECT_EQ(Route_Cost(tank, 35, 5, 55, 5, false), 1 + 300);              // off the map
-    HEXMAP[4].TVALUE = 8;                                                   // no rule: as dear as the cell before, at first 0
+    HEXMAP[4].TVALUE = 8;   // no rule: as dear as the cell before, at first 0
     EXPECT_EQ(Route_Cost(tank, 5, 5, 25, 5, false), 0 + 46);
     EXPECT_EQ(Route_Cost(tank, 25, 5, 5, 5, false), 0 + 1);
-    Set_Picture_Size(80, 30);                                               // a picture wider than its grid of 50 pixels
+    Set_Picture_Size(80, 30);   // a picture wider than its grid of 50 pixels
     EXPECT_EQ(Route_Cost(tank, 35, 5, 75, 5, false), 1 + 300 + 300 + 300);
     Set_Picture_Size(0, 0);
 }
 
 TEST(RoutePlanner, ADetourLeadsOverTheBridge)
 {
-    Board board({"....~....", "....~....", "....~....", "....~....", "....=....", "....~....", "....~....", "....~....", "....~...."});
+    Board board({"....~....", "....~....", "....~....", "....~....", "....=....", "....~....", "....~....",
+                 "....~....", "....~...."});
     const int tank = board.Place(BLUE, 5, 5);
     UNIT[tank].OX1 = 85;
     UNIT[tank].OY1 = 5;
