@@ -253,6 +253,8 @@ bool Fits(Cmd id)
         return May_Take_Side(BLUE);
     case Cmd::SIDE_RED:
         return May_Take_Side(RED);
+    case Cmd::GO:
+        return GameOver != -1;
     case Cmd::OPEN_GAME:
     case Cmd::NEW_GAME:
     case Cmd::OPEN_SAVED:

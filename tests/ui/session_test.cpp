@@ -268,6 +268,7 @@ TEST_F(Program, WhenTheBattleIsOverNobodyPlans)
     cmdGO_Click();
     EXPECT_TRUE(SCREEN.Heard("box", "The Battle is Over!"));
     EXPECT_FALSE(Command_Allowed(Cmd::SIDE_BLUE));
+    EXPECT_FALSE(Command_Allowed(Cmd::GO));
     cmdSide_Click(RED);
     EXPECT_EQ(ActiveSide, BOTH);
     EXPECT_TRUE(Sees_Plans_Of(RED));
