@@ -222,8 +222,10 @@ void Enemy_Planning(int side)
     const PLAN plan = Assess_Situation(side);
     Plan_Areas(side);
     Plan_Collectors(side);
-    Announce("Enemy Targeting Phase");
-    if (GTURN > 1) Enemy_Targeting(side);
+    if (GTURN > 1) {
+        Announce("Enemy Targeting Phase");
+        Enemy_Targeting(side);
+    }
     Announce("Enemy Logistics Planning Phase");
     Plan_Supply(side);
     Announce("Enemy Movement Planning Phase");

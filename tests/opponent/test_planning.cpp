@@ -46,9 +46,34 @@ TEST(Planning, ABeatenSideLowersItsAimForGood)
     UNIT[a].RCP2 = 40;
     EXPECT_EQ(Assess_Situation(BLUE).FORCE, 1);
     UNIT[a].RCP2 = 30.4f;
+    GTURN = 1;
     Enemy_Planning(BLUE);
     EXPECT_EQ(BFOBJ, 2);
-    EXPECT_TRUE(board.SCREEN.Heard("status", "Enemy IPB Phase"));
+    UNIT[a].RCP2 = 90;
+    Enemy_Planning(BLUE);
+    EXPECT_EQ(BFOBJ, 2);   // what has been given up stays given up
+}
+
+TEST(Planning, EachPhaseIsAnnouncedAndTargetsWaitForTheSecondTurn)
+{
+    Board board(20, 20);
+    std::string told;
+    const auto plan = [&](int turn) {
+        told.clear();
+        board.SCREEN.TOLD.clear();
+        board.SCREEN.RECORDING = true;
+        GTURN = turn;
+        Enemy_Planning(RED);
+        for (const auto& t : board.SCREEN.TOLD) {
+            if (t.KIND == "status") told += t.TEXT;
+            if (t.KIND == "delay") told += t.NUMBER == 500 ? ", " : "?";
+        }
+    };
+    plan(1);
+    EXPECT_EQ(told, "Enemy IPB Phase, Enemy Logistics Planning Phase, Enemy Movement Planning Phase, ");
+    plan(2);
+    EXPECT_EQ(told, "Enemy IPB Phase, Enemy Targeting Phase, Enemy Logistics Planning Phase, "
+                    "Enemy Movement Planning Phase, ");
 }
 
 TEST(Planning, AHeadquartersIsWorthWhatItsUnitsHaveLeft)
