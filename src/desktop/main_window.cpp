@@ -391,6 +391,13 @@ void Main_Window::Look_Back()
     Offer_Back();
 }
 
+Unsaved Main_Window::Ask_To_Save(std::string_view title, std::string_view text)
+{
+    if (DESK.LEAVING || DESK.CLOSED) return Unsaved::DROP;
+    const std::optional<bool> answer = Ask_Box_Or_Cancel(this, To_Screen(title), To_Screen(text));
+    return !answer ? Unsaved::STAY : *answer ? Unsaved::SAVE : Unsaved::DROP;
+}
+
 void Main_Window::Show_Plot_List()
 {
     if (const auto* button = findChild<QWidget*>(QStringLiteral("cmdPlot")); button != nullptr)

@@ -69,6 +69,7 @@ public:
     void Show_Keys() override;
     void Show_Victory() override;
     void Show_Plot_List() override;
+    Unsaved Ask_To_Save(std::string_view title, std::string_view text) override;
     void Stop_Sounds() override { sounds_.Stop(); }
     int Choose_Unit(std::string_view title, const std::vector<int>& units) override;
     void Close() override;

@@ -16,6 +16,11 @@ Window* IN_USE = &SILENT;
 
 }   // namespace
 
+Unsaved Window::Ask_To_Save(std::string_view title, std::string_view text)
+{
+    return Screen().Ask(title, text) ? Unsaved::SAVE : Unsaved::DROP;
+}
+
 Window& The_Window() { return *IN_USE; }
 
 void Use_Window(Window* window) { IN_USE = window != nullptr ? window : &SILENT; }
@@ -37,8 +42,10 @@ int View_Side()
 void Refresh_Pictures()
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (Show_Unit(u)) Show_Picture(u);
-        else Hide_Picture(u);
+        if (Show_Unit(u))
+            Show_Picture(u);
+        else
+            Hide_Picture(u);
     }
 }
 

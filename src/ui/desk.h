@@ -30,6 +30,9 @@ struct Desk {
 };
 extern Desk DESK;
 
+/// What becomes of a game that no save holds.
+enum class Unsaved { SAVE, DROP, STAY };
+
 /// What handlers ask of the window beyond core/platform.h. The one in use is a silent one until Use_Window names
 /// another.
 class Window {
@@ -46,6 +49,8 @@ public:
     virtual void Show_Help(std::string_view /*file*/, std::string_view /*title*/) {}
     virtual void Show_Keys() {}
     virtual void Show_Victory() {}
+    /// STAY: nothing happens after all. Without a window the question has two answers.
+    virtual Unsaved Ask_To_Save(std::string_view title, std::string_view text);
     virtual void Stop_Sounds() {}
     virtual void Show_Plot_List() {}   ///< at its button
     /// One of these units by name, 0 when the player takes none.

@@ -49,9 +49,16 @@ void Note_Saved() { DESK.SavedState = State_Of_A_Save(); }
 bool Give_Up_Game()
 {
     if (!Unsaved_Changes()) return true;
-    if (!Screen().Ask(TITLE, "The game has changed since it was last saved.\rDo you want to save it now?"))
+    switch (The_Window().Ask_To_Save(
+        TITLE, "The game has changed since it was last saved.\rDo you want to save it now?")) {
+    case Unsaved::SAVE:
+        return cmdSavegame_Click();
+    case Unsaved::DROP:
         return true;
-    return cmdSavegame_Click();
+    case Unsaved::STAY:
+        break;
+    }
+    return false;
 }
 
 void Open_By_Dialog(bool new_game)

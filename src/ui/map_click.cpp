@@ -56,6 +56,15 @@ void Redraw_Routes()
     The_Window().Desk_Changed();
 }
 
+/// With nothing pending a right click on a unit of one's own means that unit.
+void Take_Unit_Under(int x, int y, int reach)
+{
+    const std::vector<int> pile = Units_At(x, y, reach);
+    if (std::find(pile.begin(), pile.end(), SelUnit) != pile.end()) return;
+    const auto own = std::find_if(pile.begin(), pile.end(), [](int unit) { return May_Order(unit); });
+    if (own != pile.end()) Get_Unit(*own);
+}
+
 }   // namespace
 
 int Node_At(int x, int y, int reach)
@@ -91,8 +100,9 @@ bool Map_Click(int x, int y, int reach, int node_reach)
     return Select_At(x, y, reach);
 }
 
-Order_Click Map_Order_Click(int x, int y)
+Order_Click Map_Order_Click(int x, int y, int reach)
 {
+    if (MapMode == 0 && DESK.CoveredFor == 0 && GameLoaded != 0) Take_Unit_Under(x, y, reach);
     if (DESK.CoveredFor != 0 || GameLoaded == 0 || !May_Order(SelUnit) || !On_The_Picture(x, y))
         return Order_Click::NOTHING;
     if (MapMode == 0) return Order_Click::MENU;

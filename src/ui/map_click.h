@@ -9,9 +9,9 @@ namespace sm {
 bool Map_Click(int x, int y, int reach, int node_reach);
 
 enum class Order_Click { NOTHING, DONE, MENU };
-/// A right click, for the selected unit. MENU: no order is pending, and the window offers the plot menu at the
-/// point.
-Order_Click Map_Order_Click(int x, int y);
+/// A right click, for the selected unit; with no order pending, for the own unit within `reach` of the point if
+/// there is one. MENU: no order is pending, and the window offers the plot menu at the point.
+Order_Click Map_Order_Click(int x, int y, int reach = 0);
 
 /// A node of a route under the pointer that a click would take: of the selected unit, while its route is plotted
 /// or an order waits for a node. 0 none.

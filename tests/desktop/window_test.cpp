@@ -275,6 +275,26 @@ TEST(Window, ABrokenSaveAndAFolderThatCannotBeWrittenAreToldAndTheGameGoesOn)
     EXPECT_EQ(SelUnit, 2);
 }
 
+TEST(Window, AGameThatNoSaveHoldsIsGivenUpOnlyByAnAnswer)
+{
+    Player player(SMALL);
+    player.Open();
+    player.Click(405, 440);
+    player.Choose(Cmd::TURN_LEFT);
+    player.Choose(Cmd::END_MENU);
+    player.Answer("Cancel");
+    player.Choose(Cmd::RETURN);
+    EXPECT_EQ(player.TOLD.back(), "The game has changed since it was last saved.\nDo you want to save it now?");
+    EXPECT_EQ(GameLoaded, -1);
+    player.Answer("none of them");   // closed, as by Esc
+    player.Choose(Cmd::RETURN);
+    EXPECT_EQ(GameLoaded, -1);
+    player.Answer("No");
+    player.Choose(Cmd::RETURN);
+    EXPECT_EQ(GameLoaded, 0);
+    EXPECT_EQ(player.UNEXPECTED, 0);
+}
+
 TEST(Window, ASecondClickOnAPileShowsTheNextUnitOfIt)
 {
     Player player(SMALL);

@@ -193,6 +193,16 @@ TEST_F(Planning, ARightClickWithNothingPendingOffersTheMenu)
     Get_Unit(u);
     EXPECT_EQ(Map_Order_Click(200, 100), Order_Click::MENU);
     EXPECT_EQ(Map_Order_Click(-5, 100), Order_Click::NOTHING);
+    // On another unit of one's own the menu is that one's; an enemy's picture changes nothing.
+    const int other = Shown(BLUE, 300, 100);
+    Shown(RED, 350, 100);
+    EXPECT_EQ(Map_Order_Click(305, 100, 10), Order_Click::MENU);
+    EXPECT_EQ(SelUnit, other);
+    EXPECT_EQ(Map_Order_Click(350, 100, 10), Order_Click::MENU);
+    EXPECT_EQ(SelUnit, other);
+    Run_Command(Cmd::PLOT);
+    EXPECT_EQ(Map_Order_Click(100, 100, 10), Order_Click::DONE);   // an order that is pending is for the selected
+    EXPECT_EQ(SelUnit, other);
     EXPECT_EQ(UNIT[u].NUMBER_OF_NODES, 0);
 }
 

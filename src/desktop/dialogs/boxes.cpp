@@ -185,6 +185,18 @@ bool Ask_Box(QWidget* parent, const QString& title, const QString& text)
     return box.exec() == QDialog::Accepted;
 }
 
+std::optional<bool> Ask_Box_Or_Cancel(QWidget* parent, const QString& title, const QString& text)
+{
+    constexpr int NO = QDialog::Accepted + 1;
+    Message_Dialog box(parent, title, text);
+    box.Add(QStringLiteral("Yes"), QDialog::Accepted, true);
+    box.Add(QStringLiteral("No"), NO, false);
+    box.Add(QStringLiteral("Cancel"), QDialog::Rejected, false);
+    const int result = box.exec();
+    if (result == QDialog::Rejected) return std::nullopt;
+    return result == QDialog::Accepted;
+}
+
 int Ask_List(QWidget* parent, const QString& title, const std::vector<std::string>& lines)
 {
     QDialog dialog(parent);

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ namespace sm::desktop {
 void Show_Box(QWidget* parent, const QString& title, const QString& text);
 /// Yes or no; closing it is no.
 bool Ask_Box(QWidget* parent, const QString& title, const QString& text);
+/// Yes, no, or nothing: cancelled, which closing it is too.
+std::optional<bool> Ask_Box_Or_Cancel(QWidget* parent, const QString& title, const QString& text);
 /// The index of a chosen line, -1 for none.
 int Ask_List(QWidget* parent, const QString& title, const std::vector<std::string>& lines);
 /// Chosen path, empty when cancelled.

@@ -430,7 +430,7 @@ void Map_View::mouseReleaseEvent(QMouseEvent* event)
         // A click without a drag leaves the node in the hand: the next right click puts it down.
         if (!clicked) Put_Down_Node(x, y);
     } else if (event->button() == Qt::RightButton && clicked) {
-        if (Map_Order_Click(x, y) == Order_Click::MENU && On_Order_Menu)
+        if (Map_Order_Click(x, y, Pick_Reach()) == Order_Click::MENU && On_Order_Menu)
             On_Order_Menu(event->globalPosition().toPoint());
     }
     pressed_ = Qt::NoButton;
