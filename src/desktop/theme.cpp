@@ -70,6 +70,7 @@ QScrollArea { background: transparent; border: none; }
 QScrollArea > QWidget > QWidget { background: transparent; }
 QLineEdit, QTextBrowser, QListView, QListWidget, QTreeView { background: #fbfcfd; border: 1px solid #cbd3db; border-radius: 4px;
                                                 selection-background-color: #23527c; selection-color: #ffffff; }
+QListWidget::item { padding: 3px 4px; }
 QProgressBar { background: #dbe1e7; border: none; border-radius: 3px; height: 6px; }
 QProgressBar::chunk { background: #23527c; border-radius: 3px; }
 

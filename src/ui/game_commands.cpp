@@ -162,6 +162,7 @@ bool Open_Game_File(const std::string& file)
     DESK.PALETTE = Palette::MAIN;
     GameFileName = file;
     if (!Load_Game()) {
+        Show_Status("");
         Redraw_All();
         return false;
     }

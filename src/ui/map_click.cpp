@@ -50,6 +50,15 @@ bool Click_Node(int row)
     return true;
 }
 
+/// What was awaited does not come: a unit whose picture was taken off for its arrival is back where it stood.
+void Drop_Map_Mode()
+{
+    const bool arriving = MapMode == MODE_ARRIVAL;
+    SEAT.PickedNode = 0;
+    MapMode = 0;
+    if (arriving && Show_Unit(SelUnit)) Show_Picture(SelUnit);
+}
+
 void Redraw_Routes()
 {
     Screen().Changed(Redraw::ROUTES);
@@ -121,7 +130,7 @@ void Step_Back()
         SEAT.PickedNode = 0;
         MapMode = MODE_PLOT;
     } else if (MapMode != 0) {
-        MapMode = 0;
+        Drop_Map_Mode();
     } else if (DrawMode != 0) {
         DrawMode = 0;
     } else if (SelUnit != 0) {
@@ -137,8 +146,7 @@ void Step_Back()
 void End_Pending()
 {
     const bool told = Map_Mode_Prompt()[0] != '\0';
-    SEAT.PickedNode = 0;
-    MapMode = 0;
+    Drop_Map_Mode();
     DrawMode = 0;
     if (!told) return;
     Show_Status("");

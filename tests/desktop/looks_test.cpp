@@ -150,6 +150,13 @@ TEST(Looks, SheetsAndBoxes)
     player.Answer("No");
     shoot_modal("box-ask");
     mnuSpeedFast_Click();
+    player.Answer("Cancel");
+    shoot_modal("box-save");
+    The_Window().Ask_To_Save("Stonemarch",
+                             "The game has changed since it was last saved.\rDo you want to save it now?");
+    player.Answer("OK");
+    shoot_modal("box-list");
+    EXPECT_EQ(The_Window().Choose_Unit("Available Units", {3, 2, 4}), 3);
     player.Answer_File("");
     shoot_modal("box-file");
     cmdSavegame_Click();

@@ -3,6 +3,7 @@
 #include "manoeuvre/routes.h"
 #include "support/board.h"
 #include "support/march.h"
+#include "ui/map_click.h"
 
 #include <gtest/gtest.h>
 
@@ -194,6 +195,18 @@ TEST_F(Plot_Test, TheArrivalAreaIsMarkedBeforeTheUnitArrives)
     EXPECT_EQ(UNIT[unit].X, -1000);
     EXPECT_EQ(UNIT[unit].ARX, 95);
     EXPECT_EQ(UNIT[unit].OFFMAP, 1);
+}
+
+TEST_F(Plot_Test, AnArrivalThatIsNotMarkedLeavesTheUnitOnTheMap)
+{
+    UNIT[unit].ATIME = GTURN + 2;
+    Show_Picture(unit);
+    Choose_Plot_Item(PLOT_ARRIVAL);
+    EXPECT_FALSE(SEAT.PICTURE[unit]);
+    Step_Back();
+    EXPECT_EQ(MapMode, 0);
+    EXPECT_TRUE(SEAT.PICTURE[unit]);
+    EXPECT_EQ(UNIT[unit].OFFMAP, 0);
 }
 
 TEST_F(Plot_Test, TurnsAndMagicMovesActAtOnce)

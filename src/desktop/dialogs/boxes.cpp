@@ -29,6 +29,7 @@ enum { FILE_NAME, FILE_SIZE, FILE_KIND, FILE_DATE };
 
 constexpr const char* OF_THE_GAME = "ofTheGame";   // a sheet that shows what one side may know
 
+constexpr int BUTTON_WIDTH = 92;
 const QString PROGRAM = QStringLiteral("Stonemarch");
 
 class Message_Dialog : public QDialog {
@@ -68,7 +69,7 @@ public:
     {
         auto* button = new QPushButton(text, this);
         button->setObjectName(QStringLiteral("button") + text);
-        button->setMinimumWidth(92);
+        button->setMinimumWidth(BUTTON_WIDTH);
         if (primary) {
             button->setProperty("primary", true);
             button->setDefault(true);
@@ -112,6 +113,7 @@ void Finish(QDialog* dialog)
     auto* close = new QPushButton(QStringLiteral("Close"), dialog);
     close->setObjectName(QStringLiteral("buttonClose"));
     close->setDefault(true);
+    close->setMinimumWidth(BUTTON_WIDTH);
     QObject::connect(close, &QPushButton::clicked, dialog, &QDialog::close);
     row->addWidget(close);
     static_cast<QVBoxLayout*>(dialog->layout())->addLayout(row);
@@ -223,8 +225,10 @@ int Ask_List(QWidget* parent, const QString& title, const std::vector<std::strin
     QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
     auto* cancel = new QPushButton(QStringLiteral("Cancel"), &dialog);
     QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
-    row->addWidget(ok);
-    row->addWidget(cancel);
+    for (QPushButton* button : {ok, cancel}) {
+        button->setMinimumWidth(BUTTON_WIDTH);
+        row->addWidget(button);
+    }
     column->addLayout(row);
     return dialog.exec() == QDialog::Accepted ? list->currentRow() : -1;
 }

@@ -34,6 +34,17 @@ constexpr int MARGIN = 160;       // picture pixels that may be scrolled beyond 
 constexpr int DRAG_THRESHOLD = 5;
 constexpr qreal EDGE = 16;   // bare ground shown beyond the map's edge: enough for a symbol that stands on it
 
+/// On a map without a game.
+void Paint_Hint(QPainter& painter, const QRect& area)
+{
+    painter.save();
+    painter.setWorldTransform(QTransform());
+    painter.setFont(Type_Font(Type::TITLE));
+    painter.setPen(QColor(0x9f, 0xae, 0xbc));
+    painter.drawText(area, Qt::AlignCenter, QStringLiteral("Open a game to see its map."));
+    painter.restore();
+}
+
 }   // namespace
 
 /// One layer of the map, painted whole: its content is in the tables, not in items.
@@ -87,6 +98,7 @@ Map_View::Map_View(QWidget* parent) : QGraphicsView(parent)
     });
     add([this](QPainter& p, const Sight& s) { effects_.Paint(p, s); });
     add([this](QPainter& p, const Sight& s) {
+        if (GameLoaded == 0) Paint_Hint(p, viewport()->rect());
         Paint_Scale(p, s, viewport()->height());
         ground_.Paint_Legend(p, viewport()->width());
     });
