@@ -34,8 +34,7 @@ namespace sm::desktop {
 
 namespace {
 
-constexpr int SIDEBAR = 228, STRIP = 226;
-constexpr int STATUS_WIDTH = 440;
+constexpr int SIDEBAR = 228;
 enum Page { START, GAME };
 enum Body { BOARD, COVER };
 
@@ -106,20 +105,20 @@ QWidget* Main_Window::Build_Game_Page()
     side->setContentsMargins(10, 10, 10, 8);
     side->setSpacing(10);
     overview_ = new Overview(*map_, map_);
-    const int small = width() / 8;
-    overview_->resize(small, small);
+    overview_->resize(width() / 8, width() / 8);
     palette_ = new Palette_Panel(actions_, sidebar);
     side->addWidget(palette_, 1);
     upper->addWidget(sidebar);
     rows->addLayout(upper, 1);
 
+    const bool small = width() < 1100;
     strip_ = new QWidget(board);
-    strip_->setFixedHeight(STRIP);
+    strip_->setFixedHeight(small ? 226 : 242);   // ten lines of status, or eleven
     auto* strip = new QHBoxLayout(strip_);
     strip->setContentsMargins(8, 8, 8, 8);
     strip->setSpacing(8);
     status_ = new Status_Panel(strip_);
-    status_->setFixedWidth(width() < 1100 ? 404 : STATUS_WIDTH);
+    status_->setFixedWidth(small ? 428 : 440);
     strip->addWidget(status_);
     messages_ = new Message_Panel(strip_);
     strip->addWidget(messages_, 1);

@@ -48,9 +48,9 @@ QPushButton[side="blue"]:checked { background: #1b5ea8; }
 QPushButton[side="red"]:checked { background: #b42b25; }
 QPushButton[tool="true"] { padding: 3px 4px; }
 QPushButton[tool="true"][primary="true"] { padding: 6px 16px; }
-QPushButton[chip="true"] { border-radius: 9px; padding: 0px 7px; min-height: 18px; font-size: 12px; color: #55626f; }
+QPushButton[chip="true"] { border-radius: 9px; padding: 0px 6px; min-height: 18px; font-size: 12px; color: #55626f; }
 QPushButton[chip="true"]:checked { background: #47535f; border-color: #47535f; color: #ffffff; }
-QPushButton[chip="true"][side="blue"], QPushButton[chip="true"][side="red"] { border-left: 1px solid #b9c3cd; padding: 0px 8px; font-weight: 400; }
+QPushButton[chip="true"][side="blue"], QPushButton[chip="true"][side="red"] { border-left: 1px solid #b9c3cd; padding: 0px 7px; font-weight: 400; }
 QPushButton[chip="true"][side="blue"]:checked { background: #1b5ea8; border-color: #1b5ea8; }
 QPushButton[chip="true"][side="red"]:checked { background: #b42b25; border-color: #b42b25; }
 QPushButton[onmap="true"] { background: #1b2631; color: #f2f5f8; border: none; border-radius: 4px; padding: 5px 12px; }

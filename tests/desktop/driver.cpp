@@ -229,7 +229,8 @@ std::vector<std::string> Player::Clipped_Texts()
         for (const QString& line : text.split(QLatin1Char('\n')))
             widest = std::max(widest, widget->fontMetrics().horizontalAdvance(line));
         const bool outside =
-            !window_->rect().contains(QRect(widget->mapTo(window_.get(), QPoint(0, 0)), widget->size()));
+            !window_->rect().contains(QRect(widget->mapTo(window_.get(), QPoint(0, 0)), widget->size())) ||
+            !widget->parentWidget()->rect().contains(widget->geometry());
         const bool low = widget->height() < widget->fontMetrics().height() - 2;
         if (widest > room || outside || low)
             clipped.push_back(From_Screen(text) + " (" + std::to_string(widest) + " in " + std::to_string(room) +

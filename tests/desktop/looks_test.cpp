@@ -12,9 +12,11 @@
 #include "ui/desk.h"
 #include "ui/game_commands.h"
 #include "ui/options.h"
+#include "ui/selection.h"
 
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -35,8 +37,8 @@ void Post_Many()
         "2-6 Mech is at it's final destination!",
         "NBC MESSAGE: Persistent agent reported!",
     };
-    for (int n = 0; n < 24; ++n)
-        Post_Message(2 + n % 4, TEXTS[n % 6], 400 + n * 6, 430 + n * 5, 0,
+    for (int n = 0; n < 288; ++n)   // a number of three digits beside the title
+        Post_Message(2 + n % 4, TEXTS[n % 6], 400 + n % 24 * 6, 430 + n % 24 * 5, 0,
                      n % 5 == 0   ? BOTH
                      : n % 2 == 0 ? BLUE
                                   : RED);
@@ -65,7 +67,7 @@ TEST(Looks, ReportsAtEverySizeShowWithoutClippedText)
 
 TEST(Looks, NightOverlaysAndLongLinesStayReadable)
 {
-    Player player;
+    Player player(QSize(1024, 768));
     player.Open();
     GTIME = "2300";
     Update_Header();
@@ -84,6 +86,8 @@ TEST(Looks, NightOverlaysAndLongLinesStayReadable)
     u.TERTYPE = 2;
     u.FSP = 3;
     u.WSRO = 3;
+    u.NUMBER_OF_NODES = 1;   // ten lines in each column, the longest of each among them
+    u.TIME_TO_END = 12;
     player.Click(390, 500);
     ASSERT_EQ(SelUnit, 4);
     player.Screenshot("night");
@@ -163,14 +167,26 @@ TEST(Looks, SheetsAndBoxes)
     EXPECT_EQ(player.UNEXPECTED, 0);
 }
 
-TEST(Looks, TheStockScenario)
+TEST(Looks, TheStockScenarioIsReadInFullUnitByUnit)
 {
-    Player player;
+    Player player(QSize(1024, 768));
     std::filesystem::copy_file(std::filesystem::path(STONEMARCH_HOME_DIR) / "Scenarios" / "Saale Crossing.sce",
                                player.HOME / "Scenarios" / "Saale Crossing.sce");
     player.Open((player.HOME / "Scenarios" / "Saale Crossing.sce").string());
     ASSERT_EQ(GameLoaded, -1);
     player.Screenshot("stock-blue");
+    std::string cut;
+    for (int u = 1; u <= SIDE_UNITS; ++u) {
+        if (UNIT[u].STATUS < 1) continue;
+        Get_Unit(u);
+        player.Wait(1);
+        cut += Clipped(player);
+        for (const QLabel* label : player.Window().findChildren<QLabel*>())
+            if (label->isVisible() && label->text().contains(QChar(0x2026)))
+                cut += label->text().toStdString() + "\n";
+    }
+    EXPECT_EQ(cut, "");
+    Get_Unit(0);
     player.Choose(Cmd::VIEW_ALL);
     player.Choose(Cmd::WHOLE_MAP);
     player.Screenshot("stock-all");

@@ -94,7 +94,7 @@ Message_Panel::Message_Panel(QWidget* parent) : QFrame(parent)
     column->setContentsMargins(8, 5, 2, 2);
     column->setSpacing(3);
     auto* head = new QHBoxLayout;
-    head->setSpacing(5);
+    head->setSpacing(3);
     auto* title = new QLabel(QStringLiteral("Situation Reports"), this);
     title->setFont(Type_Font(Type::BODY, QFont::DemiBold));
     head->addWidget(title);

@@ -14,7 +14,7 @@ namespace sm::desktop {
 
 namespace {
 
-constexpr int LINE_HEIGHT = 17, SYMBOL = 36, GAP = 10;
+constexpr int LINE_HEIGHT = 16, SYMBOL = 36, GAP = 10;
 
 struct C2_LOOK {
     const char *STATE, *GROUND, *INK;
@@ -27,24 +27,50 @@ constexpr C2_LOOK C2_LOOKS[] = {
 };
 
 /// "MORALE: High": the caption stands back, the value stands out.
-QString Rich(const QString& line)
+struct STATUS_LINE {
+    QString CAPTION, VALUE;
+    const C2_LOOK* LOOK = nullptr;   // the state of command is told by its ground too, as on the staff's board
+};
+
+STATUS_LINE Taken_Apart(const QString& line)
 {
     const auto colon = line.indexOf(QLatin1String(": "));
-    const QString soft = QStringLiteral("<span style='color:#66727e'>%1</span> ");
-    const auto value = [](const QString& text) {
-        return QStringLiteral("<b style='font-weight:600'>%1</b>").arg(text.toHtmlEscaped());
-    };
-    if (colon < 0) return value(line);
-    if (line.startsWith(QLatin1String("C2 Status: "))) {
-        // The state of command is told by its ground too, as on the staff's board.
-        const QString state = line.mid(colon + 2);
+    if (colon < 0) return {{}, line};
+    STATUS_LINE l{line.left(colon + 2), line.mid(colon + 2)};
+    if (l.CAPTION == QLatin1String("C2 Status: "))
         for (const C2_LOOK& look : C2_LOOKS)
-            if (state.startsWith(QLatin1String(look.STATE)))
-                return soft.arg(line.left(colon + 1)) +
-                       QStringLiteral("<span style='background:%1;color:%2;font-weight:600'>&nbsp;%3&nbsp;</span>")
-                           .arg(QLatin1String(look.GROUND), QLatin1String(look.INK), state.toHtmlEscaped());
-    }
-    return soft.arg(line.left(colon + 1).toHtmlEscaped()) + value(line.mid(colon + 2));
+            if (l.VALUE.startsWith(QLatin1String(look.STATE))) l.LOOK = &look;
+    return l;
+}
+
+QFontMetrics Value_Metrics() { return QFontMetrics(Type_Font(Type::BODY, QFont::DemiBold)); }
+
+/// What of a line's width is not its value: the caption, and the blanks beside a value on a ground of its own.
+int Width_Beside(const STATUS_LINE& l)
+{
+    return QFontMetrics(Type_Font(Type::BODY)).horizontalAdvance(l.CAPTION) +
+           (l.LOOK != nullptr ? Value_Metrics().horizontalAdvance(QStringLiteral("  ")) : 0);
+}
+
+int Width_Of(const QString& line)
+{
+    const STATUS_LINE l = Taken_Apart(line);
+    return Width_Beside(l) + Value_Metrics().horizontalAdvance(l.VALUE);
+}
+
+/// Cut to so many pixels, which only a very long name needs.
+QString Rich(const QString& line, int most)
+{
+    const STATUS_LINE l = Taken_Apart(line);
+    const QString value =
+        Value_Metrics().elidedText(l.VALUE, Qt::ElideRight, most - Width_Beside(l)).toHtmlEscaped();
+    const QString caption =
+        l.CAPTION.isEmpty()
+            ? QString()
+            : QStringLiteral("<span style='color:#66727e'>%1</span> ").arg(l.CAPTION.trimmed().toHtmlEscaped());
+    if (l.LOOK == nullptr) return caption + QStringLiteral("<b style='font-weight:600'>%1</b>").arg(value);
+    return caption + QStringLiteral("<span style='background:%1;color:%2;font-weight:600'>&nbsp;%3&nbsp;</span>")
+                         .arg(QLatin1String(l.LOOK->GROUND), QLatin1String(l.LOOK->INK), value);
 }
 
 }   // namespace
@@ -53,8 +79,8 @@ Status_Panel::Status_Panel(QWidget* parent) : QFrame(parent)
 {
     setObjectName(QStringLiteral("panel"));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(10, 6, 8, 6);
-    column->setSpacing(2);
+    column->setContentsMargins(10, 5, 8, 5);
+    column->setSpacing(1);
     auto* head = new QHBoxLayout;
     head->setSpacing(8);
     symbol_ = new QLabel(this);
@@ -74,8 +100,8 @@ Status_Panel::Status_Panel(QWidget* parent) : QFrame(parent)
     grid_ = new QGridLayout;
     grid_->setHorizontalSpacing(GAP);
     grid_->setVerticalSpacing(0);
-    grid_->setColumnStretch(0, 53);
-    grid_->setColumnStretch(1, 47);
+    grid_->setColumnStretch(0, 52);
+    grid_->setColumnStretch(1, 48);
     column->addLayout(grid_);
     column->addStretch(1);
     Refresh();
@@ -117,13 +143,12 @@ void Status_Panel::Refresh()
     kind_->setText(kind);
 
     // Two columns; a line too long for its column takes a row alone, and the other column goes on below it.
-    const QFontMetrics metrics(Type_Font(Type::BODY, QFont::DemiBold));
-    const int room = width() - 18 - GAP, left = room * 53 / 100, right = room - left;
+    const int room = width() - 18 - GAP, left = room * 52 / 100, right = room - left;
     std::size_t used = 0;
     const auto put = [&](const std::string& text, int row, int column, int span, int most) {
         const QString line = To_Screen(text);
         QLabel* label = Line(used++);
-        label->setText(Rich(metrics.elidedText(line, Qt::ElideRight, most)));
+        label->setText(Rich(line, most));
         label->setToolTip(line);
         grid_->addWidget(label, row, column, 1, span);
         label->show();
@@ -131,7 +156,7 @@ void Status_Panel::Refresh()
     std::size_t l = 0, r = 0;
     for (int row = 0; l < texts.LEFT.size() || r < texts.RIGHT.size(); ++row) {
         const auto long_for = [&](const std::vector<std::string>& lines, std::size_t at, int most) {
-            return at < lines.size() && metrics.horizontalAdvance(To_Screen(lines[at])) > most;
+            return at < lines.size() && Width_Of(To_Screen(lines[at])) > most;
         };
         if (long_for(texts.LEFT, l, left)) {
             put(texts.LEFT[l++], row, 0, 2, room + GAP);
