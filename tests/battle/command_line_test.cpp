@@ -122,6 +122,7 @@ TEST_F(Command_Line, TheOddsAreTheSameForAnyNumberOfWorkersAndEveryOutcomeCanBeR
     EXPECT_EQ(csv, File_Content(folder / "three.csv"));
     EXPECT_EQ(File_Content(folder / "one.html"), File_Content(folder / "three.html"));
     EXPECT_EQ(Count(csv, "\r\n"), 301);
+    EXPECT_NE(one.PRINTED.find("  moves ground units                 100       100\n"), std::string::npos) << one.PRINTED;
 
     ASSERT_EQ(
         Battle("odds " + SCENARIO + " --turns 3 --computer both --keep 42 --save " + File("kept.btl")).STATUS, 0);
