@@ -131,7 +131,7 @@ int Play(const Arguments& a)
     if (!reports.empty()) Write_Out({{reports[0], Report_Text(record)}, {reports[1], Report_Html(record)}});
     if (!saved) throw Refusal{Cat(a.SAVE, ": cannot be written")};
     Use_Screen(nullptr);
-    if (!sound) throw Refusal{"a turn failed; the log in the program folder tells where"};
+    if (!sound) throw Refusal{Cat("turn ", To_Text(GTURN + 1), " failed; the log in the program folder tells where")};
     return FINE;
 }
 
