@@ -86,9 +86,9 @@ int Odds(const Arguments& a)
 {
     std::vector<std::string> reports;
     if (!a.OUT.empty()) reports = {a.OUT + ".txt", a.OUT + ".csv", a.OUT + ".html"};
+    Open_Home(a);   // makes its folders: a file may go into one of them
     for (const std::string& report : reports) Refuse_Unwritable(report);
     Refuse_Unwritable(a.SAVE);
-    Open_Home(a);
     Printer printer;
     printer.MESSAGES = false;
     Use_Screen(&printer);

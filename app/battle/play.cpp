@@ -107,12 +107,12 @@ int Play(const Arguments& a)
 {
     std::vector<std::string> reports;
     if (!a.REPORT.empty()) reports = {a.REPORT + ".txt", a.REPORT + ".html"};
-    for (const std::string& report : reports) Refuse_Unwritable(report);
-    Refuse_Unwritable(a.SAVE);
     // Whoever reads the printed battle may stop before its end; the files that were asked for are written all the
     // same.
     if (!a.SAVE.empty() || !a.REPORT.empty()) std::signal(SIGPIPE, SIG_IGN);
-    Open_Home(a);
+    Open_Home(a);   // makes its folders: a file may go into one of them
+    for (const std::string& report : reports) Refuse_Unwritable(report);
+    Refuse_Unwritable(a.SAVE);
     Printer printer;
     printer.MESSAGES = !a.QUIET;
     printer.STATUS_LINE = a.STATUS;

@@ -122,7 +122,8 @@ TEST_F(Command_Line, TheOddsAreTheSameForAnyNumberOfWorkersAndEveryOutcomeCanBeR
     EXPECT_EQ(csv, File_Content(folder / "three.csv"));
     EXPECT_EQ(File_Content(folder / "one.html"), File_Content(folder / "three.html"));
     EXPECT_EQ(Count(csv, "\r\n"), 301);
-    EXPECT_NE(one.PRINTED.find("  moves ground units                 100       100\n"), std::string::npos) << one.PRINTED;
+    EXPECT_NE(one.PRINTED.find("  moves ground units                 100       100\n"), std::string::npos)
+        << one.PRINTED;
 
     ASSERT_EQ(
         Battle("odds " + SCENARIO + " --turns 3 --computer both --keep 42 --save " + File("kept.btl")).STATUS, 0);
@@ -149,6 +150,14 @@ TEST_F(Command_Line, AReaderWhoStopsEarlyLosesNoReport)
     Run_Command("'" STONEMARCH_BATTLE "' play " + SCENARIO + " --turns 3 --report " + File("cut") + " --home '" +
                 home->Path().string() + "' 2>&1 | head -n 1");
     EXPECT_NE(File_Content(folder / "cut.txt").find("After turn 3 of 15"), std::string::npos);
+}
+
+TEST_F(Command_Line, AReportMayGoIntoAProgramFolderThatIsMadeForIt)
+{
+    const auto played = Run_Command("'" STONEMARCH_BATTLE "' play " + SCENARIO + " --turns 1 --quiet --report " +
+                                    File("new/aar/report") + " --home " + File("new") + " 2>&1");
+    EXPECT_EQ(played.STATUS, 0) << played.PRINTED;
+    EXPECT_TRUE(std::filesystem::exists(folder / "new/aar/report.html"));
 }
 
 TEST_F(Command_Line, AReportIsLeftAsTextAndAsOnePage)
