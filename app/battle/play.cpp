@@ -128,7 +128,10 @@ int Play(const Arguments& a)
     const bool sound = Play_Turns(a, printer, record);
     if (!a.QUIET) Print_Line(Cat("\n", Verdict_Text(GTURN, VSTATUS, record.OVER)));
     const bool saved = a.SAVE.empty() || Save_Game_File(a.SAVE, true);
-    if (!reports.empty()) Write_Out({{reports[0], Report_Text(record)}, {reports[1], Report_Html(record)}});
+    if (!reports.empty()) {
+        Write_Out({{reports[0], Report_Text(record)}, {reports[1], Report_Html(record)}});
+        if (!a.QUIET) Print_Utf8(Cat("The report is in ", reports[0], " and ", reports[1], "\n"));
+    }
     if (!saved) throw Refusal{Cat(a.SAVE, ": cannot be written")};
     Use_Screen(nullptr);
     if (!sound) throw Refusal{Cat("turn ", To_Text(GTURN + 1), " failed; the log in the program folder tells where")};
