@@ -18,9 +18,6 @@ enum Plot_Item {
     PLOT_LANDING_ZONE,
     PLOT_ARRIVAL
 };
-inline constexpr const char* PLOT_LABELS[] = {
-    "Plot", "Cancel", "Magic move", "Orbit", "Turn left", "Turn right", "Pick-up zone", "Landing zone", "Arrival",
-};
 
 /// MapMode values of these orders.
 enum Plot_Mode {

@@ -17,7 +17,6 @@ public:
     /// Takes the picture of the game in play; reads the file only when it is another one. False when there is
     /// none: the ground is then plain.
     bool Take_Picture();
-    void Forget_Picture() { file_.clear(); }
     /// Draws the overlay anew: another kind, or cells have changed.
     void Draw_Overlay();
     void Paint(QPainter& painter, const Sight& sight) const;

@@ -405,7 +405,6 @@ void Map_View::mousePressEvent(QMouseEvent* event)
         dragging_node_ = picked && MapMode == MODE_MOVE_NODE;
         held_ = at;
         may_pan_ = !picked;
-        if (On_Clicked) On_Clicked();
     }
     Choose_Cursor();
     viewport()->update();

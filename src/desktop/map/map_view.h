@@ -21,7 +21,6 @@ public:
     std::function<void(int x, int y)> On_Hover;         ///< pointer moved; (-1, -1) when it left
     std::function<void(QPoint screen)> On_Order_Menu;   ///< no order is pending: the menu at the point
     std::function<void()> On_View_Moved;                ///< other ground is seen
-    std::function<void()> On_Clicked;
 
     /// The game in play is another one, or its map.
     void Take_Game();

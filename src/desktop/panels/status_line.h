@@ -13,7 +13,6 @@ public:
     explicit Status_Line(QWidget* parent = nullptr);
     void Say(const QString& text, bool bright);
     void Point(const Hover_Texts& texts);
-    QString Text() const { return text_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
