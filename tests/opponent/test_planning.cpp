@@ -209,6 +209,33 @@ TEST(Planning, AnNAIThatWatchesNothingIsGivenUpAndNewOnesComeByTheDice)
     EXPECT_EQ(P[1].PTYPE, 12);
 }
 
+TEST(Planning, OnePassOverTheObjectivesMayOvershootTheCapOfNAIsButNotOfTAIs)
+{
+    Board board(60, 60);
+    board.Place(RED, 300, 300);
+    board.Place(RED, 310, 300);
+    BNAIMAX = BTAIMAX = 1;
+    OBJ[50].OTYPE = 1;
+    OBJ[50].OX = OBJ[50].OY = 300;
+    RSEED = 9;   // 5 and 5: both enemies are watched for
+    Plan_Areas(BLUE);
+    EXPECT_EQ(BNAI, 2);
+    EXPECT_EQ(BTAI, 1);
+    EXPECT_EQ(RSEED, 11);   // no second pass
+}
+
+TEST(Planning, EveryVisitOfASpottedEnemyIsARoll)
+{
+    Board board(60, 60);
+    Spotted(board, RED, 300, 300, 5);
+    board.Place(RED, 400, 300);
+    BNAIMAX = 1;
+    RSEED = 0;
+    Plan_Areas(BLUE);   // 11 passes over 50 rows of objectives, used or not: 550 rolls
+    EXPECT_EQ(RSEED, 50);
+    EXPECT_EQ(BNAI, 0);
+}
+
 TEST(Targeting, TheWorthOfATargetGrowsWithWhatItThreatensAndFallsWithItsStrength)
 {
     Board board(60, 60);
