@@ -35,12 +35,12 @@ void Show_Prompt() { Show_Status(Map_Mode_Prompt()); }
 
 void Plot()
 {
-    Choose_Plot_Item(PLOT_ROUTE);
+    cmdPlot(PLOT_ROUTE);
     Show_Prompt();
 }
 void Place_By_Magic()
 {
-    Choose_Plot_Item(PLOT_MAGIC_MOVE);
+    cmdPlot(PLOT_MAGIC_MOVE);
     Show_Prompt();
 }
 void Switch_Status_Box()
@@ -90,14 +90,14 @@ constexpr COMMAND TABLE[] = {
     // orders
     {Cmd::PLOT_LIST, true, "Plot List", "Every order of movement for the selected unit", UNIT_ORDER, [] { The_Window().Show_Plot_List(); }, nullptr, nullptr},
     {Cmd::PLOT, true, "Plot Move", "Right-click route points on the map for the selected unit", UNIT_ORDER, Plot, [] { return MapMode == MODE_MOVE_NODE || MapMode == MODE_PLOT; }, nullptr},
-    {Cmd::CANCEL_MOVE, true, "Cancel Move", "Drops the route of the selected unit", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_CANCEL); }, nullptr, nullptr},
+    {Cmd::CANCEL_MOVE, true, "Cancel Move", "Drops the route of the selected unit", UNIT_ORDER, [] { cmdPlot(PLOT_CANCEL); }, nullptr, nullptr},
     {Cmd::MAGIC_MOVE, true, "Magic Move", "The next right click places the selected unit", UNIT_ORDER, Place_By_Magic, [] { return MapMode == MODE_PLACE_UNIT; }, nullptr},
-    {Cmd::TURN_LEFT, true, "Turn Left", "Turns the selected unit by 45 degrees", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_TURN_LEFT); }, nullptr, nullptr},
-    {Cmd::TURN_RIGHT, true, "Turn Right", "Turns the selected unit by 45 degrees", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_TURN_RIGHT); }, nullptr, nullptr},
-    {Cmd::ORBIT, true, "Orbit", "The next node clicked is where the aircraft stays", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_ORBIT); }, [] { return MapMode == MODE_ORBIT; }, nullptr},
-    {Cmd::PICK_UP_ZONE, true, "Pick-up Zone", "The next node clicked is where a unit boards", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_PICK_UP_ZONE); }, [] { return MapMode == MODE_PICK_UP_ZONE; }, nullptr},
-    {Cmd::LANDING_ZONE, true, "Landing Zone", "The next node clicked is where the unit aboard is set down", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_LANDING_ZONE); }, [] { return MapMode == MODE_LANDING_ZONE; }, nullptr},
-    {Cmd::ARRIVAL, true, "Arrival", "The next right click marks where the unit comes onto the map", UNIT_ORDER, [] { Choose_Plot_Item(PLOT_ARRIVAL); }, [] { return MapMode == MODE_ARRIVAL; }, nullptr},
+    {Cmd::TURN_LEFT, true, "Turn Left", "Turns the selected unit by 45 degrees", UNIT_ORDER, [] { cmdPlot(PLOT_TURN_LEFT); }, nullptr, nullptr},
+    {Cmd::TURN_RIGHT, true, "Turn Right", "Turns the selected unit by 45 degrees", UNIT_ORDER, [] { cmdPlot(PLOT_TURN_RIGHT); }, nullptr, nullptr},
+    {Cmd::ORBIT, true, "Orbit", "The next node clicked is where the aircraft stays", UNIT_ORDER, [] { cmdPlot(PLOT_ORBIT); }, [] { return MapMode == MODE_ORBIT; }, nullptr},
+    {Cmd::PICK_UP_ZONE, true, "Pick-up Zone", "The next node clicked is where a unit boards", UNIT_ORDER, [] { cmdPlot(PLOT_PICK_UP_ZONE); }, [] { return MapMode == MODE_PICK_UP_ZONE; }, nullptr},
+    {Cmd::LANDING_ZONE, true, "Landing Zone", "The next node clicked is where the unit aboard is set down", UNIT_ORDER, [] { cmdPlot(PLOT_LANDING_ZONE); }, [] { return MapMode == MODE_LANDING_ZONE; }, nullptr},
+    {Cmd::ARRIVAL, true, "Arrival", "The next right click marks where the unit comes onto the map", UNIT_ORDER, [] { cmdPlot(PLOT_ARRIVAL); }, [] { return MapMode == MODE_ARRIVAL; }, nullptr},
     {Cmd::UNIT_REPORT, true, "Unit Status Report", "All that is known of the selected unit", UNIT_ORDER, cmdUnitReport_Click, nullptr, nullptr},
     {Cmd::MOPP_4, true, "Go to MOPP 4", "Full protection: safe in contamination, slower and more tired", UNIT_ORDER, [] { Go_To_MOPP(4); }, nullptr, nullptr},
     {Cmd::MOPP_2, true, "Go to MOPP 2", "Light protection", UNIT_ORDER, [] { Go_To_MOPP(2); }, nullptr, nullptr},

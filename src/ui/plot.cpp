@@ -89,7 +89,7 @@ void Set_Landing_Zone(int unit, int row)
 
 bool May_Order(int unit) { return Is_Unit(unit) && UNIT[unit].STATUS > 0 && Side_May_Order(UNIT[unit].SIDE); }
 
-void Choose_Plot_Item(int item)
+void cmdPlot(int item)
 {
     const int unit = SelUnit;
     if (!May_Order(unit)) return;

@@ -34,7 +34,7 @@ enum Plot_Mode {
 bool May_Order(int unit);
 
 /// Runs an item of the plot list for SelUnit.
-void Choose_Plot_Item(int item);
+void cmdPlot(int item);
 /// A right click on the map at (x, y). True when a pending movement order took it.
 bool Plot_Map_Click(int x, int y);
 /// A click on the image of a node's row. True when a pending movement order took it.

@@ -50,14 +50,14 @@ TEST_F(Plot_Test, OnlyTheSideInPlayGivesOrdersAndNobodyInATurn)
 TEST_F(Plot_Test, ClicksAddNodesUntilTheRouteIsCancelled)
 {
     DrawMode = 3;
-    Choose_Plot_Item(PLOT_ROUTE);
+    cmdPlot(PLOT_ROUTE);
     EXPECT_EQ(MapMode, 10);
     EXPECT_EQ(DrawMode, 0);
     EXPECT_TRUE(Plot_Map_Click(95, 5));
     EXPECT_TRUE(Plot_Map_Click(95, 95));
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 2);
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 18);
-    Choose_Plot_Item(PLOT_CANCEL);
+    cmdPlot(PLOT_CANCEL);
     EXPECT_EQ(MapMode, 0);
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
     EXPECT_FALSE(Plot_Map_Click(95, 5));
@@ -67,17 +67,17 @@ TEST_F(Plot_Test, AFortificationUnderConstructionIsGivenUpOnlyOnRequest)
 {
     UNIT[unit].TIMEREGR = 4;
     board.SCREEN.ANSWERS = {false, true};
-    Choose_Plot_Item(PLOT_ROUTE);
+    cmdPlot(PLOT_ROUTE);
     EXPECT_TRUE(board.SCREEN.Heard("ask",
                                    "From the Engineer:|Moving this unit will cancel the construction of the "
                                    "fortification. Do you wish to continue?"));
     EXPECT_EQ(UNIT[unit].TIMEREGR, 4);
     EXPECT_EQ(MapMode, 0);
-    Choose_Plot_Item(PLOT_ROUTE);
+    cmdPlot(PLOT_ROUTE);
     EXPECT_EQ(UNIT[unit].TIMEREGR, 0);
     EXPECT_EQ(MapMode, 10);
     UNIT[unit].TIMEREGR = 3;
-    Choose_Plot_Item(PLOT_ROUTE);   // an assault crossing is not asked about
+    cmdPlot(PLOT_ROUTE);   // an assault crossing is not asked about
     EXPECT_EQ(board.SCREEN.Count("ask", ""), 2);
 }
 
@@ -107,14 +107,14 @@ TEST_F(Plot_Test, TiredCrewsDoNotFlyAndLoseTheirRoute)
 TEST_F(Plot_Test, ALineOfCommunicationIsOnlyPlacedInTheEditor)
 {
     UNIT[unit].TYPE = 50;
-    Choose_Plot_Item(PLOT_ROUTE);
+    cmdPlot(PLOT_ROUTE);
     EXPECT_TRUE(board.SCREEN.Heard("box", "From G-3|LOCs can only be magic-moved within the scenario editor!"));
     EXPECT_EQ(MapMode, 0);
     Plot_Move(unit, 95, 5);
     EXPECT_TRUE(board.SCREEN.Heard("box", "LOCs are immobile and cannot move during the game!"));
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
     GameType = 5;
-    Choose_Plot_Item(PLOT_ROUTE);
+    cmdPlot(PLOT_ROUTE);
     EXPECT_EQ(MapMode, 12);
     EXPECT_TRUE(Plot_Map_Click(95, 15));
     EXPECT_EQ(UNIT[unit].X, 95);
@@ -145,7 +145,7 @@ TEST_F(Plot_Test, OrbitAndLandingZoneAreTheNodeClicked)
     const int row = Plot(unit, {{95, 5}, {5, 5}});
     const int stranger = board.Place(BLUE, 95, 95);
     const int strange_row = Plot(stranger, {{5, 95}});
-    Choose_Plot_Item(PLOT_ORBIT);
+    cmdPlot(PLOT_ORBIT);
     EXPECT_EQ(MapMode, 16);
     EXPECT_TRUE(board.SCREEN.Heard("box", "From: G-3(Air)|Click on desired orbit location (movement node)"));
     EXPECT_FALSE(Plot_Node_Click(strange_row));
@@ -153,7 +153,7 @@ TEST_F(Plot_Test, OrbitAndLandingZoneAreTheNodeClicked)
     EXPECT_EQ(UNIT[unit].LZ, row);
     EXPECT_EQ(MapMode, 0);
     Make_Aircraft(17);
-    Choose_Plot_Item(PLOT_ORBIT);
+    cmdPlot(PLOT_ORBIT);
     EXPECT_TRUE(board.SCREEN.Heard("box", "From: G-2|Click on desired orbit location (movement node)"));
 }
 
@@ -165,7 +165,7 @@ TEST_F(Plot_Test, APassengerIsChosenAmongUnitsWhoseGroundHoldsTheNode)
     // A battalion of 40 pixels on the attack: 20 from its centre.
     EXPECT_EQ(Units_At_Pick_Up_Zone(unit, row - 1), std::vector<int>{near});
     EXPECT_TRUE(Units_At_Pick_Up_Zone(unit, row).empty());
-    Choose_Plot_Item(PLOT_PICK_UP_ZONE);
+    cmdPlot(PLOT_PICK_UP_ZONE);
     EXPECT_EQ(MapMode, 301);
     EXPECT_TRUE(Plot_Node_Click(row));
     EXPECT_TRUE(board.SCREEN.Heard("box", "PZ is not close to any units"));
@@ -183,10 +183,10 @@ TEST_F(Plot_Test, APassengerIsChosenAmongUnitsWhoseGroundHoldsTheNode)
 TEST_F(Plot_Test, TheArrivalAreaIsMarkedBeforeTheUnitArrives)
 {
     UNIT[unit].ATIME = GTURN;
-    Choose_Plot_Item(PLOT_ARRIVAL);
+    cmdPlot(PLOT_ARRIVAL);
     EXPECT_EQ(MapMode, 0);
     UNIT[unit].ATIME = GTURN + 1;
-    Choose_Plot_Item(PLOT_ARRIVAL);
+    cmdPlot(PLOT_ARRIVAL);
     EXPECT_EQ(MapMode, 15);
     EXPECT_TRUE(board.SCREEN.Heard(
         "box", "On-Map Arrival|Point and right-click to mark the unit's arrival area on the map!"));
@@ -201,7 +201,7 @@ TEST_F(Plot_Test, AnArrivalThatIsNotMarkedLeavesTheUnitOnTheMap)
 {
     UNIT[unit].ATIME = GTURN + 2;
     Show_Picture(unit);
-    Choose_Plot_Item(PLOT_ARRIVAL);
+    cmdPlot(PLOT_ARRIVAL);
     EXPECT_FALSE(SEAT.PICTURE[unit]);
     Step_Back();
     EXPECT_EQ(MapMode, 0);
@@ -211,12 +211,12 @@ TEST_F(Plot_Test, AnArrivalThatIsNotMarkedLeavesTheUnitOnTheMap)
 
 TEST_F(Plot_Test, TurnsAndMagicMovesActAtOnce)
 {
-    Choose_Plot_Item(PLOT_TURN_RIGHT);
+    cmdPlot(PLOT_TURN_RIGHT);
     EXPECT_EQ(UNIT[unit].FACING, 45);
-    Choose_Plot_Item(PLOT_TURN_LEFT);
+    cmdPlot(PLOT_TURN_LEFT);
     EXPECT_EQ(UNIT[unit].FACING, 360);
     Plot(unit, {{95, 5}});
-    Choose_Plot_Item(PLOT_MAGIC_MOVE);
+    cmdPlot(PLOT_MAGIC_MOVE);
     EXPECT_EQ(MapMode, 12);
     EXPECT_TRUE(Plot_Map_Click(55, 45));
     EXPECT_EQ(UNIT[unit].HEXNUM, 105);   // column 6, row 5 of 20
