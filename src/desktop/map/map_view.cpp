@@ -41,7 +41,12 @@ void Paint_Hint(QPainter& painter, const QRect& area)
     painter.setWorldTransform(QTransform());
     painter.setFont(Type_Font(Type::TITLE));
     painter.setPen(QColor(0x9f, 0xae, 0xbc));
-    painter.drawText(area, Qt::AlignCenter, QStringLiteral("Open a game to see its map."));
+    painter.drawText(area.adjusted(0, 0, 0, -40), Qt::AlignCenter, QStringLiteral("Open a game to see its map."));
+    painter.setFont(Type_Font(Type::BODY));
+    painter.drawText(
+        area.adjusted(0, 24, 0, 0), Qt::AlignCenter,
+        QStringLiteral("File, Start a New Game opens a scenario; File, Open Saved Game a game that was "
+                       "saved."));
     painter.restore();
 }
 
