@@ -38,6 +38,14 @@ bool Show_Unit(int unit)
     return true;
 }
 
+void Refresh_Pictures()
+{
+    for (int u = 1; u <= MAX_UNIT; ++u) {
+        if (Show_Unit(u)) Show_Picture(u);
+        else Hide_Picture(u);
+    }
+}
+
 void Show_By_View(int unit)
 {
     UNIT_RECORD& u = UNIT[unit];

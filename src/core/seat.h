@@ -59,6 +59,8 @@ void Hide_All_Pictures();
 
 /// Whether the unit's picture is shown by the view in force (free and attached units never).
 bool Show_Unit(int unit);
+/// Brings every unit picture in line with the view in force.
+void Refresh_Pictures();
 
 /// A rule's redisplay by view: VISIBLE goes from 0 to 1 (nothing else) and the picture is shown when the view lets
 /// it: 1 Blue units and spotted ones, 2 the mirror, 3 all.

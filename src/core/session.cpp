@@ -93,10 +93,7 @@ void Seat_After_Load()
     }
     SelUnit = 0;
     MapMode = 0;
-    for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (Show_Unit(u)) Show_Picture(u);
-        else Hide_Picture(u);
-    }
+    Refresh_Pictures();
 }
 
 bool Load_Failed()
@@ -248,10 +245,7 @@ bool Choose_Side(int side)
     if ((GameType == 7 || GameType == 8) && (side != UserSide || !SEAT.PlanningEnabled)) return false;
     ActiveSide = side;
     PlanSide = side;
-    for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (Show_Unit(u)) Show_Picture(u);
-        else Hide_Picture(u);
-    }
+    Refresh_Pictures();
     Screen().Changed(Redraw::ALL);
     return true;
 }

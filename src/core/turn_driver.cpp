@@ -211,10 +211,7 @@ void Return_The_Board()
     const bool planning = PlanSide == 1 || PlanSide == 2;
     ActiveSide = GameType >= 1 && GameType <= 4 && planning ? PlanSide : 3;
     SEAT.TurnRunning = false;   // the planning view's own test of what is shown holds again
-    for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (Show_Unit(u)) Show_Picture(u);
-        else Hide_Picture(u);
-    }
+    Refresh_Pictures();
     SEAT.TurnRunning = true;
 }
 
@@ -306,6 +303,7 @@ void Give_Up(const Game& before, const char* step, const Game_Error& error)
     Log(Cat("Error ", To_Text(error.NUMBER), " in ", step, ": ", error.what()));
     ActiveSide = GameType >= 1 && GameType <= 4 && (PlanSide == 1 || PlanSide == 2) ? PlanSide : 3;
     MapMode = 0;
+    Refresh_Pictures();
     Screen().Progress(0, 0);
     Screen().Changed(Redraw::ALL);
     Screen().Box("Stonemarch", Cat("Error: ", To_Text(error.NUMBER)));

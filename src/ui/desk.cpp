@@ -39,16 +39,6 @@ int View_Side()
     return UserSide == BLUE || UserSide == RED ? UserSide : BOTH;
 }
 
-void Refresh_Pictures()
-{
-    for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (Show_Unit(u))
-            Show_Picture(u);
-        else
-            Hide_Picture(u);
-    }
-}
-
 void Tell_Failure(const char* routine, int number, std::string_view what)
 {
     Log(Cat("Error ", To_Text(number), " in ", routine, ": ", what));

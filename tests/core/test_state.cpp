@@ -143,14 +143,18 @@ TEST(Turn, WithoutAGameNothingOfTheSimulationRuns)
 TEST(Turn, AFailureEndsTheTurnAndPutsEverythingBack)
 {
     Board board(10, 10);
-    const int child = board.Place(BLUE, 25, 25);
+    const int seen = board.Place(BLUE, 25, 25);
+    Show_Picture(seen);
     GTURN = 3;
-    UNIT[child].PARENT_UNIT = 77;   // a state that no phase makes
+    P[1].PTYPE = 12;
+    P[1].PSIDE = BLUE;
+    P[1].PAGE = 32767;   // a turn more does not fit, which shows when the turn has taken the units off the map
     const auto before = State_Hash();
     EXPECT_FALSE(Play_Turn());
+    EXPECT_TRUE(SEAT.PICTURE[seen]);
     EXPECT_EQ(State_Hash(), before);
     EXPECT_EQ(GTURN, 3);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "Stonemarch|Error: "));
+    EXPECT_TRUE(board.SCREEN.Heard("box", "Stonemarch|Error: 6"));
     EXPECT_FALSE(SEAT.TurnRunning);
 }
 
