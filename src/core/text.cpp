@@ -67,13 +67,19 @@ std::string From_Utf8(std::string_view s)
 {
     std::string out;
     for (std::size_t i = 0; i < s.size();) {
-        const auto lead = static_cast<unsigned char>(s[i]);
-        const int length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
-        unsigned code = length == 1 ? lead : lead & (0xFFu >> (length + 1));
-        for (int k = 1; k < length && i + k < s.size(); ++k)
-            code = code << 6 | (static_cast<unsigned char>(s[i + k]) & 0x3Fu);
-        out.push_back(lead >= 0x80 && length == 1 ? '?' : Page_Byte(code));
-        i += length;
+        const auto byte = [&](std::size_t at) { return at < s.size() ? static_cast<unsigned char>(s[at]) : 0u; };
+        const unsigned lead = byte(i);
+        const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
+        static constexpr unsigned LEAST[] = {0, 0, 0x80, 0x800, 0x10000};   // of so many bytes
+        unsigned code = length < 2 ? lead : lead & (0xFFu >> (length + 1));
+        bool sound = length > 0;
+        for (std::size_t k = 1; k < length; ++k) {
+            sound = sound && (byte(i + k) & 0xC0u) == 0x80u;
+            code = code << 6 | (byte(i + k) & 0x3Fu);
+        }
+        sound = sound && code >= LEAST[length];
+        out.push_back(sound ? Page_Byte(code) : '?');
+        i += sound ? length : 1;   // what is no character stands for itself alone
     }
     return out;
 }

@@ -103,6 +103,8 @@ std::vector<File_Fault> Fault_List::In_Order()
 void Check_Weapons(std::string_view text, Fault_List& faults)
 {
     Weapons_Check check{.FAULTS = faults};
+    std::string copy;
+    text = With_Line_Ends(text, copy);
     int number = 0;
     while (!text.empty()) check.Line(++number, Next_Line(text));
     check.End_Row();

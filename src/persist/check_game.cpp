@@ -152,6 +152,8 @@ void Check_Game(std::string_view text, bool scenario, Fault_List& faults)
 {
     Checked_Game read;
     Lines_Check lines{.READ = read, .FAULTS = faults};
+    std::string copy;
+    text = With_Line_Ends(text, copy);
     while (!text.empty()) lines.Line(++read.LAST_LINE, Next_Line(text));
     if (!lines.KNOWN_KEY) {
         faults.Fault(read.LAST_LINE, "no key of a game in the file");

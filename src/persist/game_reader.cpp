@@ -199,7 +199,8 @@ int Read_Game_Text(std::string_view text)
     Progress_Reset();
     Log("Loading game file...");
 
-    Reader reader(text);
+    std::string copy;
+    Reader reader(With_Line_Ends(text, copy));
     int failure = 0;
     int told = 0;
     while (failure == 0 && !reader.REST.empty()) {

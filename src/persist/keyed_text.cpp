@@ -76,6 +76,14 @@ void Store_Text(void* record, const FIELD& field, std::string_view value)
 
 }   // namespace
 
+std::string_view With_Line_Ends(std::string_view text, std::string& copy)
+{
+    if (text.find('\n') != text.npos || text.find('\r') == text.npos) return text;
+    copy = text;
+    std::replace(copy.begin(), copy.end(), '\r', '\n');
+    return copy;
+}
+
 std::string_view Next_Line(std::string_view& rest)
 {
     const std::size_t stop = rest.find('\n');

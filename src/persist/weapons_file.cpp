@@ -69,7 +69,8 @@ int Read_Weapons_Text(std::string_view text)
     WPN.ROW.clear();
     Log("Loading weapons file...");
     int line = 0, failure = 0;
-    std::string fault;
+    std::string fault, copy;
+    text = With_Line_Ends(text, copy);
     while (failure == 0 && !text.empty()) {
         ++line;
         failure = Read_Weapons_Line(Next_Line(text), fault);

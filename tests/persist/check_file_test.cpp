@@ -64,10 +64,12 @@ protected:
 TEST_F(Check_File_Test, AFileOfOursHasNothingWrongAndTheGameInPlayIsNotTouched)
 {
     Lay_Sound_Game();
-    const std::string text = Game_Text();
+    std::string text = Game_Text();
     Clear_Game();
     UNIT[5].NAME = "in play";
     EXPECT_EQ(Check(text), std::vector<std::string>{});
+    text.erase(std::remove(text.begin(), text.end(), '\n'), text.end());
+    EXPECT_EQ(Check(text), std::vector<std::string>{}) << "nor with the line ends of another system";
     EXPECT_EQ(UNIT[5].NAME, "in play");
     EXPECT_EQ(UNIT[1].STATUS, 0);
 }

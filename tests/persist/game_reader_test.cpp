@@ -27,13 +27,17 @@ TEST_F(Game_Reader, TakesKeysInAnyCaseAndOrderAndSkipsTheOnesItDoesNotKnow)
     EXPECT_EQ(UNIT[1].NAME, "n");
 }
 
-TEST_F(Game_Reader, TakesEitherLineEndAndALastLineWithoutOne)
+TEST_F(Game_Reader, TakesEveryLineEndAndALastLineWithoutOne)
 {
     EXPECT_EQ(Read_Game_Text("GTURN: 4\nBSCALE:  3\r\nGAMEAUTHOR: A\nMAXGTURN: 12"), 0);
     EXPECT_EQ(GTURN, 4);
     EXPECT_EQ(BSCALE, 3);
     EXPECT_EQ(GAMEAUTHOR, "A");
     EXPECT_EQ(MAXGTURN, 12);
+    EXPECT_EQ(Read_Game_Text("GAMEAUTHOR: B\rGTURN: 5\rIMAGE: x\rSTATUS: 2"), 0);
+    EXPECT_EQ(GAMEAUTHOR, "B");
+    EXPECT_EQ(GTURN, 5);
+    EXPECT_EQ(UNIT[1].STATUS, 2);
 }
 
 TEST_F(Game_Reader, SplitsALineAtItsFirstColonOnlyAndTrimsTexts)

@@ -32,6 +32,8 @@ TEST_F(Weapons_File, EachWpnLineBeginsARowAndNothingElseOfTheGameIsTouched)
     EXPECT_EQ(UNIT[1].NAME, "kept");
     EXPECT_EQ(UNIT[1].TYPE, 5);
     EXPECT_EQ(log.All(), (std::vector<std::string>{"Loading weapons file...", "Weapons file is loaded"}));
+    EXPECT_EQ(Read_Weapons_Text("WPN: A\rRANGE: 4\rWPN: B"), 0) << "CR alone ends a line, too";
+    EXPECT_EQ(WPN.Count(), 2);
 }
 
 TEST_F(Weapons_File, TheTableIsClearedBeforeEachLoadAndABadLineEndsIt)
