@@ -57,7 +57,7 @@ int Write_Game(const fs::path& path, std::string& fault)
 {
     try {
         const Header_Of_A_Save header(path);
-        fault = Write_File_Whole(path, Game_Text(true));
+        fault = From_Utf8(Write_File_Whole(path, Game_Text(true)));   // for log and status line
         return fault.empty() ? 0 : ERROR_DISK;
     } catch (const Game_Error& error) {
         fault = error.what();

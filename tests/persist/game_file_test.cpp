@@ -201,8 +201,9 @@ TEST_F(Game_File_Test, ASaveIsToldAndAFailedOneLeavesTheOldFile)
     EXPECT_EQ(File_Content(home / "a.btl"), old);
 
     UNIT[1].RCP = 1;
-    GameFileName = (home / "no such folder" / "a.btl").string();
+    GameFileName = (home / "no M\xC3\xBChle" / "a.btl").string();
     EXPECT_FALSE(Game_File(2));
+    EXPECT_EQ(screen.Count("status", "no M\xFChle"), 1) << "in the code page of all texts";
     EXPECT_EQ(screen.Count("box", "Error: 57"), 1);
     EXPECT_EQ(log.Count("End of file process"), 3);
 }
