@@ -172,24 +172,29 @@ TEST(StartUp, OnlyTheExactScreenSizesAreAccepted)
     EXPECT_FALSE(Window_Size_For(1023, 2000, width, height));
 }
 
-TEST(StartUp, AGameTypeSetsTheSeat)
+TEST(StartUp, ASideIsTakenOnlyByASeatThatMayHoldIt)
 {
     Board board(2, 2);
-    PBMT = 3;
-    EXPECT_TRUE(Choose_Game_Type(4));
-    EXPECT_EQ(UserSide, 2);
-    EXPECT_EQ(PBMT, 0);
-    EXPECT_EQ(WindowTitle, "Stonemarch -- Red Player vs Computer");
-    EXPECT_FALSE(Choose_Game_Type(6));
     EXPECT_FALSE(Choose_Game_Type(10));
-    EXPECT_TRUE(Choose_Game_Type(8));
-    EXPECT_EQ(NetRole, 2);
-    EXPECT_TRUE(Choose_Game_Type(0));
-    GameLoaded = -1;
-    EXPECT_TRUE(Choose_Side(2));
-    EXPECT_EQ(ActiveSide, 2);
-    Choose_Game_Type(3);
-    GameLoaded = -1;
-    EXPECT_FALSE(Choose_Side(2));   // the computer's side
-    EXPECT_TRUE(Choose_Side(1));
+    const auto takes = [](int type, int user, int side) {
+        Choose_Game_Type(type);
+        GameLoaded = -1;
+        UserSide = user;
+        const bool taken = Choose_Side(side);
+        EXPECT_EQ(ActiveSide, taken ? side : 3);
+        EXPECT_EQ(PlanSide, taken ? side : 3);
+        return taken;
+    };
+    EXPECT_TRUE(takes(0, 3, 1));
+    EXPECT_TRUE(takes(0, 3, 2));
+    EXPECT_FALSE(takes(0, 3, 3));
+    EXPECT_TRUE(takes(5, 5, 2));
+    EXPECT_TRUE(takes(3, 1, 1));
+    EXPECT_FALSE(takes(3, 1, 2));   // the computer's side
+    EXPECT_FALSE(takes(7, 1, 1));   // the host has not let it plan yet
+    SEAT.PlanningEnabled = true;
+    EXPECT_TRUE(takes(7, 1, 1));
+    EXPECT_FALSE(takes(8, 1, 2));
+    SEAT.TurnRunning = true;
+    EXPECT_FALSE(takes(0, 3, 1));
 }
