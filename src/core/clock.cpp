@@ -20,12 +20,15 @@ constexpr std::array<MONTH, 12> MONTHS{{
     {"Jul", 32}, {"Aug", 32}, {"Sep", 31}, {"Oct", 32}, {"Nov", 31}, {"Dec", 32},
 }};
 
+/// A clock or a day from a broken file may be any number: bounded, it can be counted on.
+int Number_Of(std::string_view text) { return Saturate_16(Parse_Int(Trim(text)).value_or(0)); }
+
 std::string Two_Digits(int n) { return n < 10 ? "0" + To_Text(n) : To_Text(n); }
 
 void Next_Day()
 {
     DDAY += 1;
-    const int day = Parse_Int(Trim(GDAY)).value_or(0) + 1;
+    const int day = Number_Of(GDAY) + 1;
     GDAY = Two_Digits(day);
     for (std::size_t m = 0; m < MONTHS.size(); ++m) {
         if (!(GMONTH == MONTHS[m].NAME)) continue;
@@ -60,7 +63,7 @@ void Grant_Air_Strikes()
 
 }   // namespace
 
-int Clock_Number() { return Parse_Int(Trim(GTIME)).value_or(0); }
+int Clock_Number() { return Number_Of(GTIME); }
 
 void Advance_Clock()
 {

@@ -52,6 +52,7 @@ TEST(Clock, MidnightIsWrittenWithThreeZerosAndTheDayChangesAtTheTurnAfterIt)
     EXPECT_STREQ(m.TIME, "0015");
     EXPECT_STREQ(m.DAY, "10");
     EXPECT_STREQ(After(2, "0950").TIME, "0965");   // only quarters of an hour meet the full hour
+    EXPECT_STREQ(After(0, "2147483647").TIME, "30567");   // 32767 at most, 200 on, a day less
 }
 
 TEST(Clock, MonthsRollOnAndThereIsNoLeapDay)
