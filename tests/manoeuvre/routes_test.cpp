@@ -122,6 +122,7 @@ TEST(Route, ASideHasThreeHundredNodesAndAFullHalfRefusesWithoutAWord)
     EXPECT_EQ(UNIT[starved].OX1, 0);   // the destinations of the computer's plan go all the same
     EXPECT_EQ(UNIT[starved].OY2, 0);
     EXPECT_EQ(Plot(red, {{25, 5}}), 301);
+    EXPECT_EQ(MN[301].MNSIDE, RED);
     Add_Move_Node(starved, 301, 15, 5);   // taken
     EXPECT_EQ(MN[301].MNUNIT, red);
     EXPECT_EQ(UNIT[starved].NUMBER_OF_NODES, 0);
@@ -143,9 +144,15 @@ TEST(Route, AFlightOf400PointsIsAcceptedAndOneOf401DropsTheRoute)
     EXPECT_EQ(UNIT[unit].TIMERM, 0);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 0);
     EXPECT_FALSE(board.SCREEN.Heard("box", ""));   // with no message
-    UNIT[unit].MOVESTATUS = 7;                     // waits at its NAI
+    UNIT[unit].MOVESTATUS = 10;                    // aborts, by a longer way
     Plot(unit, {{4005, 5}});
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 10);
+    Clear_Route(unit);
+    UNIT[unit].MOVESTATUS = 7;   // waits at its NAI
+    UNIT[unit].OX2 = 9;
+    Add_Move_Node(unit, 1, 4005, 5);   // at a seat that is told the row
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 7);
+    EXPECT_EQ(UNIT[unit].OX2, 0);
     // Moved out of reach, it stays where it is put; the cost tells.
     EXPECT_EQ(Move_Node(1, 4095, 5), 409);
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
@@ -168,6 +175,10 @@ TEST(Route, ABrokenChainIsToldAndDropped)
     EXPECT_EQ(MN[9].MNSIDE, 0);
     EXPECT_EQ(UNIT[other].NUMBER_OF_NODES, 1);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 1);
+    UNIT[unit].NUMBER_OF_NODES = 1;   // and none there
+    Plot(unit, {{45, 5}});
+    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 1);
 }
 
 TEST(Route, NodesAreFoundByTheirNumberWhateverTheirRows)
@@ -180,13 +191,17 @@ TEST(Route, NodesAreFoundByTheirNumberWhateverTheirRows)
     EXPECT_EQ(Plot(unit, {{85, 5}}), 1);   // node 3 lies in row 1, before its predecessors
     EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 8);
     EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 2);
+    UNIT[unit].HIGHERHQ = first;
+    UNIT[first].STATUS = 1;
     EXPECT_EQ(Pass_Node(unit), 2);
+    EXPECT_EQ(UNIT[first].C2T, 1);
     EXPECT_EQ(MN[3].MNUNITNUMBER, 1);
     EXPECT_EQ(MN[1].MNUNITNUMBER, 2);
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 2);
     EXPECT_EQ(UNIT[unit].C2T, 1);
     Start_Next_Leg(unit);
     EXPECT_EQ(UNIT[unit].DX, 35);
+    EXPECT_EQ(UNIT[unit].DY, 5);
     EXPECT_EQ(UNIT[unit].DCOL1, 4);
     EXPECT_EQ(UNIT[unit].DROW1, 1);
     EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 3);

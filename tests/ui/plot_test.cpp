@@ -85,6 +85,9 @@ TEST_F(Plot_Test, AUnitWithoutSupplyIsIgnoredWithoutAWord)
 {
     UNIT[unit].LOGSTATN = 0;
     Plot_Move(unit, 95, 5);
+    UNIT[unit].LOGSTATN = 100;
+    UNIT[unit].STATUS = 0;
+    Plot_Move(unit, 95, 5);
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
     EXPECT_TRUE(board.SCREEN.TOLD.empty());
 }
@@ -137,6 +140,14 @@ TEST_F(Plot_Test, ANodePickedUpIsPutDownAgainAndALongFlightOnlyWarnedAbout)
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 401);
     EXPECT_EQ(MapMode, 10);
+
+    UNIT[unit].MOBILITY = 2;   // a march has no such limit
+    EXPECT_TRUE(Plot_Node_Click(1));
+    EXPECT_TRUE(Plot_Map_Click(4205, 5));
+    EXPECT_EQ(wide.SCREEN.Count("box", "WARNING"), 1);
+    const int enemy_row = Plot(wide.Place(RED, 5, 5), {{95, 5}});
+    EXPECT_FALSE(Plot_Node_Click(enemy_row));
+    EXPECT_EQ(MapMode, 10);
 }
 
 TEST_F(Plot_Test, OrbitAndLandingZoneAreTheNodeClicked)
@@ -167,6 +178,7 @@ TEST_F(Plot_Test, APassengerIsChosenAmongUnitsWhoseGroundHoldsTheNode)
     EXPECT_TRUE(Units_At_Pick_Up_Zone(unit, row).empty());
     cmdPlot(PLOT_PICK_UP_ZONE);
     EXPECT_EQ(MapMode, 301);
+    EXPECT_TRUE(board.SCREEN.Heard("box", "From: G-3(AIR)|Click on desired PZ (movement node)"));
     EXPECT_TRUE(Plot_Node_Click(row));
     EXPECT_TRUE(board.SCREEN.Heard("box", "PZ is not close to any units"));
     Choose_Passenger(unit, near, row - 1);
@@ -218,7 +230,9 @@ TEST_F(Plot_Test, TurnsAndMagicMovesActAtOnce)
     Plot(unit, {{95, 5}});
     cmdPlot(PLOT_MAGIC_MOVE);
     EXPECT_EQ(MapMode, 12);
+    Hide_Picture(unit);
     EXPECT_TRUE(Plot_Map_Click(55, 45));
+    EXPECT_TRUE(SEAT.PICTURE[unit]);
     EXPECT_EQ(UNIT[unit].HEXNUM, 105);   // column 6, row 5 of 20
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
     EXPECT_EQ(MapMode, 0);
