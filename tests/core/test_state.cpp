@@ -33,6 +33,8 @@ TEST(Hash, EveryFieldThatCountsMovesItAndNoFieldOfASeatDoes)
     EXPECT_TRUE(moved(MN[600].MNY, 1));
     EXPECT_TRUE(moved(PP[20].PPMSG, "x"));
     EXPECT_TRUE(moved(GMONTH, "Mar"));
+    EXPECT_TRUE(moved(GAMEAUTHOR, "x"));
+    EXPECT_TRUE(moved(GAMEVERSION, "x"));   // the same letters in the next text
     EXPECT_TRUE(moved(RSEED, 17));
     EXPECT_TRUE(moved(BBOMBERS, 1));
     EXPECT_TRUE(moved(FireMult, 3));
@@ -156,6 +158,49 @@ TEST(Turn, AFailureEndsTheTurnAndPutsEverythingBack)
     EXPECT_EQ(GTURN, 3);
     EXPECT_TRUE(board.SCREEN.Heard("box", "Stonemarch|Error: 6"));
     EXPECT_FALSE(SEAT.TurnRunning);
+}
+
+TEST(View, ASideSeesItsOwnUnitsTheSpottedOnesAndItsPicture)
+{
+    Board board(10, 10);
+    const int own = board.Place(BLUE, 5, 5), enemy = board.Place(RED, 15, 5), spotted = board.Place(RED, 25, 5),
+              shared = board.Place(RED, 35, 5), reported = board.Place(BLUE, 45, 5), gone = board.Place(BLUE, 55, 5),
+              attached = board.Place(BLUE, 65, 5);
+    UNIT[spotted].SPOTTED = 1;
+    UNIT[shared].BCOP = 1;
+    UNIT[reported].RCOP = 1;
+    UNIT[gone].STATUS = 0;
+    UNIT[attached].PARENT_UNIT = own;
+    const auto seen = [&] {
+        std::vector<int> units;
+        for (const int u : {own, enemy, spotted, shared, reported, gone, attached})
+            if (Show_Unit(u)) units.push_back(u);
+        return units;
+    };
+    PlanSide = RED;
+    UserSide = BLUE;
+    EXPECT_EQ(seen(), (std::vector<int>{enemy, spotted, shared, reported}));
+    PlanSide = 3;
+    EXPECT_EQ(seen(), (std::vector<int>{own, spotted, shared, reported})) << "nobody plans: the seat's own side";
+    UserSide = 3;
+    EXPECT_EQ(seen().size(), 5u);
+    ViewMode = 2;
+    EXPECT_EQ(seen().size(), 4u);
+    SEAT.TurnRunning = true;
+    ViewMode = 0;
+    Show_Picture(enemy);
+    EXPECT_EQ(seen(), std::vector<int>{enemy}) << "in a turn what a rule has shown";
+    SEAT.TurnRunning = false;
+
+    // A rule that goes by the view shows 0 as 1, and touches no unit that both sides know of.
+    UNIT[own].VISIBLE = -1;
+    Show_By_View(enemy);
+    EXPECT_EQ(UNIT[enemy].VISIBLE, 0);
+    ViewMode = 3;
+    Show_By_View(enemy);
+    Show_By_View(own);
+    EXPECT_EQ(UNIT[enemy].VISIBLE, 1);
+    EXPECT_EQ(UNIT[own].VISIBLE, -1);
 }
 
 TEST(StartUp, OnlyTheExactScreenSizesAreAccepted)

@@ -159,7 +159,7 @@ TEST_F(Game_File_Test, AGameReadBackDiffersOnlyWhereTheFileIsToldToForget)
 TEST_F(Game_File_Test, RealsComeBackBitForBit)
 {
     const float hard[] = {1.0f / 3.0f, 16777216.0f, 0.1f,       123456.789f, 1e-30f,
-                          3.4e38f,     -0.0f,       9999999.0f, 1e7f,        -1e-45f};
+                          3.4e38f,     -0.0f,       9999999.0f, 1e7f,        -1e-45f, 5e9f};
     int row = 0;
     for (const float value : hard) {
         AAR[++row].BRCP = value;
@@ -193,6 +193,9 @@ TEST_F(Game_File_Test, ASaveIsToldAndAFailedOneLeavesTheOldFile)
     EXPECT_EQ(log.All(), (std::vector<std::string>{"Saving game file...", "Game file has been saved",
                                                    "End of file process"}));
     EXPECT_EQ(screen.Count("box", "Stonemarch|Game file has been saved!"), 1);
+    ASSERT_TRUE(Save_Game_File(GameFileName, true));
+    EXPECT_EQ(screen.Count("box", ""), 1) << "nobody is held up by an autosave";
+    EXPECT_EQ(screen.Count("status", "Game file has been saved!"), 1);
 
     const std::string old = File_Content(home / "a.btl");
     UNIT[1].RCP = 1e30f * 1e30f;   // no file can hold it
@@ -205,7 +208,7 @@ TEST_F(Game_File_Test, ASaveIsToldAndAFailedOneLeavesTheOldFile)
     EXPECT_FALSE(Game_File(2));
     EXPECT_EQ(screen.Count("status", "no M\xFChle"), 1) << "in the code page of all texts";
     EXPECT_EQ(screen.Count("box", "Error: 57"), 1);
-    EXPECT_EQ(log.Count("End of file process"), 3);
+    EXPECT_EQ(log.Count("End of file process"), 4);
 }
 
 }   // namespace

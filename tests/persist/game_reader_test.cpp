@@ -94,6 +94,7 @@ TEST_F(Game_Reader, RefusesEachKindOfBadLineUnderItsNumber)
     static constexpr BAD LINES[] = {
         {"GTURN:", 13},        {"GTURN:  ", 13},          {"GTURN", 13},
         {"GTURN: 4x", 13},     {"GTURN: 1,5", 13},        {"GTURN: - 5", 13},
+        {"GTURN: +-5", 13},
         {"GTURN: 4 5", 13},    {"MAPSCALE: nan", 13},     {"MAPSCALE: inf", 13},
         {"MAPSCALE:", 13},     {"MAPSCALE: 0x10", 13},    {"GTURN: 32768", 6},
         {"GTURN: -32769", 6},  {"GTURN: 32767.5", 6},     {"GTURN: 1e400", 6},

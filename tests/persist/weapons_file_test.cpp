@@ -62,11 +62,15 @@ TEST_F(Weapons_File, AMissingStockFileIsLoggedAndAMissingChosenOneIsTold)
     EXPECT_EQ(screen.Count("box", ""), 0);
     EXPECT_FALSE(Read_Weapons_File("\\other.wef"));
     EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 53"), 1);
+    Put_File(home / "SMW.wef", "WPN: A\nRANGE: far\n");
+    EXPECT_FALSE(Game_File(8));
+    EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 13"), 1) << "a broken stock file is told, too";
+    std::filesystem::remove(home / "SMW.wef");
 
     Put_File(home / "smw.WEF", TWO_ROWS);
     EXPECT_TRUE(Game_File(8));
     EXPECT_EQ(WPN.Count(), 2);
-    EXPECT_EQ(log.Count("End of file process"), 3);
+    EXPECT_EQ(log.Count("End of file process"), 4);
 }
 
 }   // namespace
