@@ -237,7 +237,10 @@ TEST(By_Hand, AUnitPutDownIsOnTheMapWithoutRouteAndDestination)
     Plot(unit, {{25, 5}});
     UNIT[unit].OX2 = 25;
     UNIT[unit].OFFMAP = 1;
+    UNIT[unit].TACOPN = 3;
+    UNIT[unit].FOOTPRINT = 10;
     Put_Unit(unit, 15, 15);
+    EXPECT_EQ(UNIT[unit].LX, 8);   // facing north, 10 x 0.7 to the west
     EXPECT_EQ(UNIT[unit].HEXNUM, 4);
     EXPECT_EQ(UNIT[unit].TERTYPE, 4);
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);

@@ -195,16 +195,20 @@ TEST_F(Game_Reader, ErasesTheTablesFirstAndLeavesScalarsWeaponsAndPlayers)
 {
     UNIT[7].ROE = 1;
     UNIT[7].TURNLOSS = 3;
-    MN[9].MNUNIT = 7;
-    SITREPLIST[1].USED = 1;
+    MN[9].MNUNIT = P[9].PTYPE = TX[9].TXSIDE = TG[9].TGTYPE = BG[9].BGTYPE = 7;
+    NBC[9].NBCTYPE = OBJ[9].OTYPE = PP[9].PPTYPE = 7;
+    AAR[9].BRCP = 7;
+    SITREPLIST[1].USED = SitrepCount = 1;
     PLAYERS[1].STATUS = 4;
     WPN.ROW.resize(3);
     AIRSUPER = 70;
     EXPECT_EQ(Read({"GTURN: 1"}), 0);
     EXPECT_EQ(UNIT[7].ROE, 0);
     EXPECT_EQ(UNIT[7].TURNLOSS, 0.0f);
-    EXPECT_EQ(MN[9].MNUNIT, 0);
-    EXPECT_EQ(SITREPLIST[1].USED, 0);
+    EXPECT_EQ((std::vector<int>{MN[9].MNUNIT, P[9].PTYPE, TX[9].TXSIDE, TG[9].TGTYPE, BG[9].BGTYPE, NBC[9].NBCTYPE,
+                                OBJ[9].OTYPE, PP[9].PPTYPE, SITREPLIST[1].USED, SitrepCount}),
+              std::vector<int>(10, 0));
+    EXPECT_EQ(AAR[9].BRCP, 0.0f);
     EXPECT_EQ(PLAYERS[1].STATUS, 4);
     EXPECT_EQ(WPN.Count(), 3);
     EXPECT_EQ(AIRSUPER, 70);
@@ -220,7 +224,8 @@ TEST_F(Game_Reader, TellsEachMissingIconOnceInTheLogAndOneBoxALoad)
               "STATUS: 1",         "IMAGE: unused.ico", "STATUS: 0",        "IMAGE: ",         "STATUS: 2",
               "IMAGE: ..\\SM.log", "STATUS: 2",         "PTYPE: 12",        "PIMAGE: NAI.ico", "PTYPE: 3",
               "PIMAGE: ",          "NBCHEX: 5",         "NBCTYPE: 11",      "NBCHEX: 6",       "NBCTYPE: 20",
-              "OTYPE: 3",          "OVALUE: 100",       "OTYPE: 0",         "OVALUE: 0"}),
+              "OTYPE: 3",          "OVALUE: 100",       "OTYPE: 0",         "OVALUE: 0",       "OTYPE: 2",
+              "OVALUE: 100",       "OTYPE: 1",          "OVALUE: 100",      "PTYPE: 0",        "PIMAGE: TAI.ico"}),
         0);
     const auto missing = [&](const char* name) {
         return log.Count(Cat("Error: 53, missing icon: \\icons\\", name));
@@ -231,9 +236,10 @@ TEST_F(Game_Reader, TellsEachMissingIconOnceInTheLogAndOneBoxALoad)
     EXPECT_EQ(missing("NAI.ico"), 1);
     EXPECT_EQ(missing("gas.ico"), 0);
     EXPECT_EQ(missing("smoke.ico"), 1);
-    EXPECT_EQ(missing("Mcorridor.ico"), 1);
+    EXPECT_EQ(missing("Mcorridor.ico") + missing("KeyT.ico") + missing("Obj.ico"), 3);
+    EXPECT_EQ(missing("TAI.ico"), 0) << "of a free row";
     EXPECT_EQ(missing("..\\SM.log"), 1) << "nothing outside the program folder is opened";
-    EXPECT_EQ(log.Count("missing icon"), 6) << "the unit without a name among them";
+    EXPECT_EQ(log.Count("missing icon"), 8) << "the unit without a name among them";
     EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 53"), 1);
 }
 

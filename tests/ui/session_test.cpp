@@ -119,6 +119,7 @@ TEST_F(Program, ANewcomerPlansBothSidesRunsATurnSavesAndGoesOn)
 
     Run_Command(Cmd::RETURN);
     EXPECT_EQ(GameLoaded, 0);
+    EXPECT_EQ(GTURN, -1);
     SCREEN.FILES = {Saved("evening.btl")};
     optGameType_Click(0);
     // A turn was played in this session: it is a saved game that is asked for, without the question.
@@ -295,6 +296,11 @@ TEST_F(Program, ASessionThatBrokeOffOffersTheStartOfItsLastTurn)
     EXPECT_EQ(GameLoaded, -1);
     EXPECT_EQ(GTURN, 0);
     EXPECT_FALSE(Open_Session_Mark(type));   // told once
+
+    cmdGO_Click();
+    EXPECT_NE(File_Content(HOME / "SM.session"), "");
+    ASSERT_TRUE(Open_Game_File(SCENARIO));
+    EXPECT_EQ(File_Content(HOME / "SM.session"), "");   // no turn of this one was begun
 }
 
 TEST_F(Program, ASecondProgramOnTheSameFolderIsOfferedNothing)
