@@ -153,6 +153,33 @@ TEST_F(Program, ACancelledDialogLeavesTheGameAsItWas)
     EXPECT_EQ(State_Hash(), before);
 }
 
+TEST_F(Program, EachKindOfGameHasItsOwnFilesInItsOwnFolder)
+{
+    struct REQUEST {
+        int TYPE;
+        const char *NEW, *OPEN, *SAVE;
+    };
+    static constexpr REQUEST REQUESTS[] = {
+        {3, "Open New Game|Scenarios|.sce.btl", "Open Saved Game|Saved Games|.btl", "Save Game|Saved Games|.btl"},
+        {2, "Open New Game|Scenarios|.sce.btl", "Open PBEM File|Saved Games|.pbm", "Save PBEM File|Saved Games|.pbm"},
+        {5, "Open Scenario|Scenarios|.sce.btl.pbm", "Open Scenario|Scenarios|.sce.btl.pbm",
+         "Save Scenario|Scenarios|.sce"},
+    };
+    const auto words = [](const File_Request& request) {
+        std::string kinds;
+        for (auto at = request.FILTER.find("|*."); at != std::string::npos; at = request.FILTER.find("|*.", at + 1))
+            kinds += request.FILTER.substr(at + 2, 4);
+        return Cat(request.TITLE, "|", request.FOLDER, "|", kinds);
+    };
+    for (const REQUEST& r : REQUESTS) {
+        GameType = r.TYPE;
+        EXPECT_EQ(words(Open_Request(true)), r.NEW);
+        EXPECT_EQ(words(Open_Request(false)), r.OPEN);
+        EXPECT_EQ(words(Save_Request()), r.SAVE);
+        EXPECT_TRUE(Save_Request().SAVE);
+    }
+}
+
 TEST_F(Program, AMissingGameIsToldAndLeavesNoGame)
 {
     Open();
@@ -288,6 +315,7 @@ TEST_F(Program, ASessionThatBrokeOffOffersTheStartOfItsLastTurn)
     Put_File(HOME / "SM.session", mark);
     ASSERT_TRUE(Open_Session_Mark(type));
     EXPECT_EQ(type, 0);
+    EXPECT_EQ(File_Content(HOME / "SM.session"), "");   // nothing to offer after a crash before the next turn
 
     Clear_Game();
     SCREEN.ANSWERS = {true};
