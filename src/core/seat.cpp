@@ -41,8 +41,10 @@ bool Show_Unit(int unit)
 void Refresh_Pictures()
 {
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (Show_Unit(u)) Show_Picture(u);
-        else Hide_Picture(u);
+        if (Show_Unit(u))
+            Show_Picture(u);
+        else
+            Hide_Picture(u);
     }
 }
 

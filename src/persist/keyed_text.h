@@ -20,8 +20,8 @@ struct KEYED_LINE {
     std::string_view VALUE;   ///< all behind that colon, trimmed
 };
 
-/// The text with line ends that Next_Line knows: one whose lines end with CR alone is copied into `copy`, any other
-/// is answered as it is.
+/// The text with line ends that Next_Line knows: one whose lines end with CR alone is copied into `copy`, any
+/// other is answered as it is.
 std::string_view With_Line_Ends(std::string_view text, std::string& copy);
 /// Takes the next line off `rest`, without its line end (CR LF or LF).
 std::string_view Next_Line(std::string_view& rest);
