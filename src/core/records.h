@@ -211,8 +211,8 @@ namespace sm {
     F(Int16, OTYPE, 0, 3, EVERYWHERE, "", "1 objective, 2 key terrain, 3 corridor; above 0 when used") \
     F(Int16, OX, LOW16, HIGH16, EVERYWHERE, "pixels", "position") \
     F(Int16, OY, LOW16, HIGH16, EVERYWHERE, "pixels", "position") \
-    F(Int16, OSIDE, 0, 3, EVERYWHERE, "side", "holder") \
-    F(Int16, OID, LOW16, HIGH16, EVERYWHERE, "", "number") \
+    F(Int16, OSIDE, 0, 3, EVERYWHERE, "side", "kept for its editor; no rule reads it") \
+    F(Int16, OID, LOW16, HIGH16, EVERYWHERE, "", "possessor: 0 none, 1 Blue, 2 Red") \
     F(Int16, OVALUE, LOW16, HIGH16, EVERYWHERE, "points", "value, 100..500 from its editor")
 
 #define AAR_FIELDS(F) \
