@@ -86,7 +86,8 @@ TEST(Texts, SplittingATokenKeepsWhatFollowsTheFirstDelimiter)
 
 TEST(Texts, WhatWouldBreakAFileOrAMessageIsReplacedAtTheEntry)
 {
-    EXPECT_EQ(Clean_Text("a\tb\"c\xA6" "d,e\n"), "a b'c|d,e ");
+    EXPECT_EQ(Clean_Text("a\tb\"c\xA6" "d,e\n\x7F"), "a b'c|d,e  ");
+    EXPECT_EQ(From_Utf8("\xC2\x85"), "?");   // a control character is none of the page
     EXPECT_EQ(From_Utf8("M\xC3\xBChle \xE2\x82\xAC \xF0\x9F\x98\x80"), "M\xFChle \x80 ?");
     EXPECT_EQ(To_Utf8("M\xFChle \x80"), "M\xC3\xBChle \xE2\x82\xAC");
     // What is no UTF-8 takes nothing of its neighbours along, and no other spelling of a character is let in.

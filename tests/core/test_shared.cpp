@@ -120,11 +120,14 @@ TEST(Removal, ARemovedUnitFreesItsRowAndItsNodesButOthersKeepTheirReferences)
     Board board(10, 10);
     const int a = board.Place(RED, 15, 15), b = board.Place(RED, 25, 25);
     UNIT[b].HIGHERHQ = a;
+    UNIT[b].PASSENGER = a;
     MN[301].MNUNIT = a;
     MN[302].MNUNIT = b;
     Remove_Unit(a);
     EXPECT_EQ(UNIT[a].STATUS, 0);
     EXPECT_EQ(UNIT[a].X, 4000);
+    EXPECT_EQ(UNIT[a].Y, 4000);
+    EXPECT_EQ(UNIT[b].PASSENGER, 0);
     EXPECT_EQ(UNIT[a].RCP, 0.0f);
     EXPECT_EQ(MN[301].MNUNIT, 0);
     EXPECT_EQ(MN[302].MNUNIT, b);
@@ -176,14 +179,30 @@ TEST(Removal, AnErasedControlMeasureLowersItsSidesCountAndADrawingNone)
     EXPECT_EQ(BSEAD, 1);
     EXPECT_EQ(RCFFZ, 1);
     EXPECT_EQ(RNAI, 0);   // never below 0
+    P[2].LINKEDGRAPHIC = 1;
+    P[2].LINKEDUNIT = 5;
+    P[3].LINKEDUNIT = 5;
+    Erase_Graphic(1);
+    EXPECT_EQ(P[2].LINKEDUNIT, 0);
+    EXPECT_EQ(P[3].LINKEDUNIT, 5);
+    NBC[4].NBCHEX = 7;
+    NBC[4].NBCTYPE = 11;
+    HEXMAP[7].TCONTAM = 1;
+    Remove_NBC(4);
+    EXPECT_EQ(HEXMAP[7].TCONTAM, 0);
+    EXPECT_EQ(NBC[4].NBCTYPE, 0);
+    NBC[4].NBCHEX = 101;   // beside the grid
+    Remove_NBC(4);
+    EXPECT_EQ(NBC[4].NBCHEX, 0);
 }
 
 TEST(Removal, ADeletedTargetGivesItsBatteryAMissionBack)
 {
     Board board(10, 10);
     const int gun = board.Place(BLUE, 15, 15, 8);
-    UNIT[gun].FIREMISSION = 2;
-    for (const auto& [type, left] : {std::pair(1, 1), {3, 1}, {21, 0}, {151, 0}}) {   // an air strike lowers nothing
+    UNIT[gun].FIREMISSION = 4;
+    // An air strike lowers nothing, and nothing goes below 0.
+    for (const auto& [type, left] : {std::pair(1, 3), {3, 3}, {21, 2}, {150, 1}, {152, 0}, {151, 0}}) {
         TG[5].TGTYPE = type;
         TG[5].FUNIT = gun;
         Delete_Target(5);

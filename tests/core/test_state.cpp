@@ -148,16 +148,61 @@ TEST(Turn, AFailureEndsTheTurnAndPutsEverythingBack)
     const int seen = board.Place(BLUE, 25, 25);
     Show_Picture(seen);
     GTURN = 3;
-    P[1].PTYPE = 12;
-    P[1].PSIDE = BLUE;
-    P[1].PAGE = 32767;   // a turn more does not fit, which shows when the turn has taken the units off the map
+    GameType = 7;
+    PlanSide = BLUE;
+    P[1].PTYPE = P[2].PTYPE = 12;
+    P[1].PSIDE = P[2].PSIDE = BLUE;
+    P[2].PAGE = 32767;   // a turn more does not fit, which shows when the turn has begun to write
     const auto before = State_Hash();
     EXPECT_FALSE(Play_Turn());
+    EXPECT_EQ(P[1].PAGE, 0);
+    EXPECT_EQ(TurnsPlayed, 0);
+    EXPECT_EQ(ActiveSide, 3);
     EXPECT_TRUE(SEAT.PICTURE[seen]);
     EXPECT_EQ(State_Hash(), before);
     EXPECT_EQ(GTURN, 3);
     EXPECT_TRUE(board.SCREEN.Heard("box", "Stonemarch|Error: 6"));
     EXPECT_FALSE(SEAT.TurnRunning);
+    GameType = 3;
+    EXPECT_FALSE(Play_Turn());
+    EXPECT_EQ(ActiveSide, BLUE) << "against the computer the player's side has the board again";
+}
+
+TEST(Turn, ATurnAgesAreasEndsTrafficAndLandsWhoIsOutOfFuel)
+{
+    Board board(10, 10);
+    const int unit = board.Place(BLUE, 55, 55), low = board.Place(BLUE, 55, 75, 12), lower = board.Place(BLUE, 75, 55, 12);
+    UNIT[low].MOBILITY = UNIT[lower].MOBILITY = 3;
+    UNIT[low].TIMERM = 350;
+    UNIT[lower].TIMERM = 351;
+    UNIT[unit].C2T = 5;
+    P[1].PTYPE = 12;
+    P[2].PTYPE = 13;
+    P[3].PTYPE = 11;
+    P[1].PSIDE = P[2].PSIDE = P[3].PSIDE = RED;
+    SITREPLIST[200].USED = 1;
+    GTURN = 0;
+    PlayType = 5;   // no staffs plan
+    GameType = 3;
+    PlanSide = BLUE;
+    ASSERT_TRUE(Play_Turn());
+    EXPECT_EQ((std::vector<int>{P[1].PAGE, P[2].PAGE, P[3].PAGE}), (std::vector<int>{1, 1, 0}));
+    EXPECT_EQ(UNIT[unit].C2T, 0);
+    EXPECT_EQ(UNIT[low].TIMERM, 350);
+    EXPECT_EQ(UNIT[lower].TIMERM, 0);
+    EXPECT_EQ(SITREPLIST[200].USED, 0);
+    EXPECT_EQ(BRCP1, 30.0f);   // taken before the turn runs: three units of 10
+    EXPECT_EQ(ActiveSide, BLUE);
+    EXPECT_EQ(TurnsPlayed, 1);
+    EXPECT_EQ(board.SCREEN.Count("sound", ""), 1);
+    GameType = 7;
+    ASSERT_TRUE(Play_Turn());
+    EXPECT_EQ(ActiveSide, 3) << "in a network game nobody plans until he is let";
+    EXPECT_EQ(PlanSide, BLUE);
+    EXPECT_EQ(BRCP1, 30.0f);
+    GTURN = MAXGTURN;
+    ASSERT_TRUE(Play_Turn());
+    EXPECT_EQ(PlanSide, 3) << "nobody plans any more";
 }
 
 TEST(View, ASideSeesItsOwnUnitsTheSpottedOnesAndItsPicture)

@@ -110,6 +110,8 @@ TEST_F(Program, ANewcomerPlansBothSidesRunsATurnSavesAndGoesOn)
     EXPECT_GT(UNIT[2].X, 405);
     EXPECT_LT(UNIT[302].X, 600);
     EXPECT_TRUE(std::filesystem::exists(Saved("autosave.btl")));
+    EXPECT_EQ(GameFileName, SCENARIO) << "the player's file again";
+    EXPECT_EQ(AARN, 1);
 
     SCREEN.FILES = {Saved("evening")};
     ASSERT_TRUE(Run_Command(Cmd::SAVE));
