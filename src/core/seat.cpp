@@ -24,15 +24,21 @@ void Hide_Picture(int unit)
 
 void Hide_All_Pictures() { std::fill(std::begin(SEAT.PICTURE), std::end(SEAT.PICTURE), false); }
 
+int View_Side()
+{
+    if (ViewMode != 0) return ViewMode;
+    if (PlanSide == BLUE || PlanSide == RED) return PlanSide;
+    return UserSide == BLUE || UserSide == RED ? UserSide : BOTH;
+}
+
+bool May_Read_Of(int side) { return side == BOTH || View_Side() == BOTH || side == View_Side(); }
+
 bool Show_Unit(int unit)
 {
     const UNIT_RECORD& u = UNIT[unit];
     if (u.STATUS < 1 || u.PARENT_UNIT != 0) return false;
-    int view = ViewMode;
-    if (view == 0) {
-        if (SEAT.TurnRunning && PlanSide == 3) return SEAT.PICTURE[unit];
-        view = PlanSide == 1 || PlanSide == 2 ? PlanSide : UserSide == 1 || UserSide == 2 ? UserSide : 3;
-    }
+    if (ViewMode == 0 && SEAT.TurnRunning && PlanSide == 3) return SEAT.PICTURE[unit];
+    const int view = View_Side();
     if (view == 1) return u.SIDE == BLUE || u.SPOTTED > 0 || u.BCOP == 1;
     if (view == 2) return u.SIDE == RED || u.SPOTTED > 0 || u.RCOP == 1;
     return true;

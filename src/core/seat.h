@@ -57,6 +57,11 @@ void Show_Picture(int unit);
 void Hide_Picture(int unit);
 void Hide_All_Pictures();
 
+/// Side whose view this screen shows: 1, 2, or 3 all.
+int View_Side();
+/// Whether this screen shows what is meant for a side (3 both).
+bool May_Read_Of(int side);
+
 /// Whether the unit's picture is shown by the view in force (free and attached units never).
 bool Show_Unit(int unit);
 /// Brings every unit picture in line with the view in force.

@@ -165,7 +165,8 @@ void Post_Message(int unit, std::string_view text, int x, int y, int show, int s
     row.TEXT = Cat("Location: ", Grid_Reference(x, y), " // MSG: ", text);
     Screen().Posted(SitrepCount);
     if (show > 0) {
-        Screen().Status(text, Status_Colour::BRIGHT_GREEN);
+        // A commander does not read the enemy's reports over the status line; the pause is the same on every seat.
+        if (May_Read_Of(side)) Screen().Status(text, Status_Colour::BRIGHT_GREEN);
         Message_Pause();
     }
     if (unit >= 1 && unit <= MAX_UNIT) {

@@ -32,13 +32,6 @@ bool Sees_Plans_Of(int side)
     return side == ActiveSide;
 }
 
-int View_Side()
-{
-    if (ViewMode != 0) return ViewMode;
-    if (PlanSide == BLUE || PlanSide == RED) return PlanSide;
-    return UserSide == BLUE || UserSide == RED ? UserSide : BOTH;
-}
-
 void Tell_Failure(const char* routine, int number, std::string_view what)
 {
     Log(Cat("Error ", To_Text(number), " in ", routine, ": ", what));

@@ -62,8 +62,6 @@ void Use_Window(Window* window);
 
 /// Whether this seat may see the plans of a side (routes, graphics, all about its units).
 bool Sees_Plans_Of(int side);
-/// Side whose view the map shows: 1, 2, or 3 all.
-int View_Side();
 
 /// A failure of the model as every command tells it: the log names the routine, a box the number.
 void Tell_Failure(const char* routine, int number, std::string_view what);

@@ -142,14 +142,14 @@ bool Shows_Work(int row)
 {
     const BG_RECORD& w = BG[row];
     if (!Used(w)) return false;
-    return w.BGSIDE == BOTH || w.BGVISIBLE == 1 || View_Side() == BOTH || w.BGSIDE == View_Side();
+    return w.BGVISIBLE == 1 || May_Read_Of(w.BGSIDE);
 }
 
 bool Shows_NBC(int row)
 {
     const NBC_RECORD& n = NBC[row];
     if (!Used(n)) return false;
-    return n.NBCVISIBLE == 1 || View_Side() == BOTH || n.NBCSIDE == View_Side();
+    return n.NBCVISIBLE == 1 || May_Read_Of(n.NBCSIDE);
 }
 
 bool Shows_Graphic(int row)

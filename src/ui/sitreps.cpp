@@ -1,7 +1,7 @@
 #include "ui/sitreps.h"
 
 #include "core/game_state.h"
-#include "ui/desk.h"
+#include "core/seat.h"
 
 namespace sm {
 
@@ -45,11 +45,7 @@ Message Message_Of(int row)
 
 bool May_Filter_Side() { return View_Side() == BOTH; }
 
-bool May_Read(int row)
-{
-    const int side = SITREPLIST[row].SIDE;
-    return side == BOTH || View_Side() == BOTH || side == View_Side();
-}
+bool May_Read(int row) { return May_Read_Of(SITREPLIST[row].SIDE); }
 
 std::vector<int> Message_Rows(const Message_Filter& filter)
 {

@@ -115,6 +115,25 @@ TEST(Messages, RowsRunTo299AndTrafficLoadsUnitAndHeadquarters)
     EXPECT_EQ(SITREPLIST[1].UNIT, 0);
 }
 
+TEST(Messages, TheStatusLineKeepsWhatIsMeantForTheEnemyToItselfAndEverySeatWaitsAsLong)
+{
+    Board board(10, 10);
+    const int blue = board.Place(BLUE, 15, 15), red = board.Place(RED, 25, 25);
+    PlanSide = UserSide = BLUE;
+    board.SCREEN.RECORDING = true;
+    Post_Own(red, "red word", 1);
+    Post_Own(blue, "blue word", 1);
+    Post_At(red, "word for both", 1, BOTH);
+    EXPECT_FALSE(board.SCREEN.Heard("status", "red word"));
+    EXPECT_TRUE(board.SCREEN.Heard("status", "blue word"));
+    EXPECT_TRUE(board.SCREEN.Heard("status", "word for both"));
+    EXPECT_EQ(board.SCREEN.Count("delay", ""), 3);
+    EXPECT_EQ(SitrepCount, 3);
+    PlanSide = UserSide = BOTH;   // two players before one screen watch together
+    Post_Own(red, "red word", 1);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "red word"));
+}
+
 TEST(Removal, ARemovedUnitFreesItsRowAndItsNodesButOthersKeepTheirReferences)
 {
     Board board(10, 10);
