@@ -2,6 +2,7 @@
 
 #include "events/event_kinds.h"
 #include "support/board.h"
+#include "support/fields.h"
 
 #include <gtest/gtest.h>
 
@@ -40,18 +41,9 @@ TEST(EventEditor, AnEventIsPlacedNamedAndEdited)
                            "block\"\nahead");
     Close_Event(row);
     const PP_RECORD& e = PP[1];
-    EXPECT_EQ(e.PPX, 70);
-    EXPECT_EQ(e.PPY, 80);
-    EXPECT_EQ(e.PPTYPE, 39);
-    EXPECT_EQ(e.PPATYPE, "Roadblock (Red-Completed)");
-    EXPECT_EQ(e.PPIMAGE, "21.ico");
-    EXPECT_EQ(e.PPSIDE, RED);
-    EXPECT_EQ(e.PPTRIGGER, 3);
-    EXPECT_EQ(e.PPATRIGGER, "Blue Logistics Unit");
-    EXPECT_EQ(e.PPACTIVE, 0);
-    EXPECT_EQ(e.PPOBSTACLE, 2);
-    EXPECT_EQ(e.PPDURATION, 20);
-    EXPECT_EQ(e.PPEFFECT, 1);
+    EXPECT_TRUE(Has(e, "PPX 70, PPY 80, PPTYPE 39, PPATYPE Roadblock (Red-Completed), PPIMAGE 21.ico"));
+    EXPECT_TRUE(Has(e, "PPSIDE RED, PPTRIGGER 3, PPATRIGGER Blue Logistics Unit, PPACTIVE 0, PPOBSTACLE 2"));
+    EXPECT_TRUE(Has(e, "PPDURATION 20, PPEFFECT 1"));
     EXPECT_EQ(e.PPPFILE, "Block.avi");   // the name only: it is looked for in the events folder
     EXPECT_TRUE(editor.BOARD.SCREEN.Heard(
         "file", "Select Event File|\\events\\|Video Files (*.mpg)|*.mpg|AVI (*.avi)|*.avi"));
@@ -60,8 +52,7 @@ TEST(EventEditor, AnEventIsPlacedNamedAndEdited)
     EXPECT_EQ(PP[1].PPACTIVE, 1);   // immediate events are born happened
     Choose_Attrition(row, 13);
     Choose_Event_Kind(row, 51);
-    EXPECT_EQ(PP[1].PPDURATION, 20);   // not in the list
-    EXPECT_EQ(PP[1].PPTYPE, 39);
+    EXPECT_TRUE(Has(PP[1], "PPDURATION 20, PPTYPE 39"));   // PPDURATION: not in the list
 }
 
 TEST(EventEditor, ThereAreTwentyAndARowWithoutAKindIsFreeAgain)
@@ -105,9 +96,7 @@ TEST(EventEditor, OnlyEditorAndHostChangeEventsAndNobodyDuringATurn)
 TEST(EventEditor, AClickInPlayOpensTheEventAndInTheEditorItsDialog)
 {
     Editor editor;
-    PP[1].PPTYPE = 1;
-    PP[1].PPACTIVE = 1;
-    PP[1].PPMSG = "Fire!";
+    Give(PP[1], "PPTYPE 1, PPACTIVE 1, PPMSG Fire!");
     EXPECT_TRUE(imgEvent_Click(1));
     EXPECT_EQ(editor.BOARD.SCREEN.Count("box", ""), 0);
     GameType = 0;
@@ -127,12 +116,8 @@ TEST(EventEditor, AReceivedEventDerivesWhatTheMessageLeavesOut)
     order.FILE = "a.wav";
     order.OBSTACLE = 1;
     Apply_Event(order);
-    EXPECT_EQ(PP[4].PPATYPE, "Casualties (Blue)");
-    EXPECT_EQ(PP[4].PPIMAGE, "36.ico");
-    EXPECT_EQ(PP[4].PPSIDE, BLUE);
-    EXPECT_EQ(PP[4].PPATRIGGER, "Blue Combat Unit");
-    EXPECT_EQ(PP[4].PPVISIBLE, 0);
-    EXPECT_EQ(PP[4].PPOBSTACLE, 1);
+    EXPECT_TRUE(Has(PP[4], "PPATYPE Casualties (Blue), PPIMAGE 36.ico, PPSIDE BLUE, PPATRIGGER Blue Combat Unit"));
+    EXPECT_TRUE(Has(PP[4], "PPVISIBLE 0, PPOBSTACLE 1"));
     order.ROW = 21;
     Apply_Event(order);   // no such row: nothing
     order.ROW = 4;

@@ -5,6 +5,7 @@
 #include "manoeuvre/movement.h"
 #include "persist/program_folder.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/march.h"
 #include "support/scratch.h"
 
@@ -111,8 +112,7 @@ TEST(Events, AStopTakesAllMovementFromGroundUnitsAgainAndAgain)
     UNIT[road.COLUMN].MOVEPOINTS2 = 24;
     road.Meet();   // the next turn: it has happened, and stops all the same
     EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 0);
-    UNIT[road.COLUMN].MOVEPOINTS2 = 24;
-    UNIT[road.COLUMN].MOBILITY = 3;
+    Give(UNIT[road.COLUMN], "MOVEPOINTS2 24, MOBILITY 3");
     road.Meet();
     EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 24);
 }
@@ -174,8 +174,7 @@ TEST(Events, AnEventWithoutEffectOrAttritionOrVictimIsMarkedHappened)
     }
     Road road(2);
     UNIT[road.COLUMN].RCP2 = 0;
-    PP[4].PPEFFECT = 1;
-    PP[4].PPDURATION = 100;
+    Give(PP[4], "PPEFFECT 1, PPDURATION 100");
     road.Meet();
     EXPECT_TRUE(road.Happened());
     EXPECT_EQ(UNIT[road.COLUMN].TURNLOSS, 0.0f);
@@ -191,8 +190,7 @@ TEST(Events, ARoadblockCostsTheRestOfATurnAndIsPassedInTheEnd)
     // the block within 13, on a screen 20 and within 18; 132 is 17 away. Each turn begins with a step.
     for (const CASE& c : {CASE{0, {111, 121, 195}}, CASE{3, {111, 121, 132, 195}}}) {
         Road road(2);
-        PP[4].PPOBSTACLE = 2;
-        PP[4].PPX = 115;
+        Give(PP[4], "PPOBSTACLE 2, PPX 115");
         UNIT[road.COLUMN].SIZE = 1;
         UNIT[road.COLUMN].TACOPN = c.TACOPN;
         Plot(road.COLUMN, {{195, 100}});
@@ -207,20 +205,15 @@ TEST(Events, ARoadblockCostsTheRestOfATurnAndIsPassedInTheEnd)
 TEST(Events, AnImmediateEventIsBornHappenedAndOnlyHoldsUp)
 {
     Road road(1);
-    PP[4].PPACTIVE = 1;
-    PP[4].PPEFFECT = 1;
-    PP[4].PPDURATION = 50;
-    PP[4].PPOBSTACLE = 2;
+    Give(PP[4], "PPACTIVE 1, PPEFFECT 1, PPDURATION 50, PPOBSTACLE 2");
     road.Meet();
-    EXPECT_EQ(UNIT[road.COLUMN].TURNLOSS, 0.0f);
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 0);
+    EXPECT_TRUE(Has(UNIT[road.COLUMN], "TURNLOSS 0, MOVEPOINTS2 0"));
 }
 
 TEST(Events, TheEndOfTheTurnTakesTheLossOfAHaltedColumn)
 {
     Road road(2);
-    PP[4].PPEFFECT = 3;
-    PP[4].PPDURATION = 10;
+    Give(PP[4], "PPEFFECT 3, PPDURATION 10");
     Reset_Units();
     EXPECT_FLOAT_EQ(UNIT[road.COLUMN].RCP2, 36.0f);
     EXPECT_EQ(UNIT[road.COLUMN].TURNLOSS, 0.0f);
@@ -239,10 +232,7 @@ TEST(Events, AnEventIsOpenedOnceItHasHappenedAndByRedBefore)
     const auto before = Program_Folder();
     Set_Program_Folder(home.Path());
     Road road(2);
-    PP[4].PPATYPE = "Ambush (Red)";
-    PP[4].PPMSG = "Shots from the wood.";
-    PP[4].PPPROBE = 1;
-    PP[4].PPPFILE = "riot.wav";
+    Give(PP[4], "PPATYPE Ambush (Red), PPMSG Shots from the wood., PPPROBE 1, PPPFILE riot.wav");
     const auto& screen = road.BOARD.SCREEN;
     ActiveSide = BLUE;
     Open_Event(4);
@@ -261,8 +251,7 @@ TEST(Events, AnEventIsOpenedOnceItHasHappenedAndByRedBefore)
     Open_Event(4);
     PP[4].PPPFILE = "..\\events\\Riot.WAV";
     Open_Event(4);
-    PP[4].PPPFILE = "riot.wav";
-    PP[4].PPPROBE = 0;
+    Give(PP[4], "PPPFILE riot.wav, PPPROBE 0");
     Open_Event(4);
     EXPECT_EQ(screen.Count("media", ""), 2);
     EXPECT_EQ(screen.Count("box", "Shots from the wood."), 5);

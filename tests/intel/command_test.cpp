@@ -1,6 +1,7 @@
 #include "intel/command.h"
 #include "support/board.h"
 #include "support/dice.h"
+#include "support/fields.h"
 
 #include <gtest/gtest.h>
 
@@ -34,8 +35,7 @@ struct Sweep {
         c.SENSORS = 1;
         c.SENSORT = sensor;
         c.SENSORA = task;
-        c.MXRANGE = 10;
-        c.FOOTPRINT = 10;
+        Give(c, "MXRANGE 10, FOOTPRINT 10");
     }
     int Enemy(int pixels_away) { return BOARD.Place(RED, 200 + pixels_away, 50); }
 };
@@ -45,8 +45,7 @@ int Morale_After(int roll, int morale, int suppressed = 0, int c2 = 3)
 {
     Board board(20, 20);
     const int psyops = board.Place(BLUE, 50, 50, 23), enemy = board.Place(RED, 60, 50);
-    UNIT[psyops].POPS = 1;
-    UNIT[psyops].MXRANGE = 5;
+    Give(UNIT[psyops], "POPS 1, MXRANGE 5");
     UNIT[enemy].MORALE = morale;
     UNIT[enemy].SUPPRESSED = suppressed;
     UNIT[enemy].C2 = c2;
@@ -130,8 +129,7 @@ TEST(Sweep, OpticsSeeOneKilometreAndRadarSeesWhatMoves)
     Sweep optics(0);
     const int near = optics.Enemy(10), far = optics.Enemy(11);
     IEW_Sweep(optics.COLLECTOR);
-    EXPECT_EQ(UNIT[near].SPOTTED, 2);
-    EXPECT_EQ(UNIT[near].VISIBLE, -1);
+    EXPECT_TRUE(Has(UNIT[near], "SPOTTED 2, VISIBLE -1"));
     EXPECT_EQ(UNIT[far].SPOTTED, 0);
     EXPECT_EQ(UNIT[optics.COLLECTOR].C2T, 1);
 
@@ -165,8 +163,7 @@ TEST(Sweep, ATransmitterIsHeardAtTenTimesItsTrafficPlusTwenty)
     UNIT[enemy].C2T = 8;   // 100 is heard at any roll
     Roll_Next(100);
     IEW_Sweep(detailed.COLLECTOR);
-    EXPECT_EQ(UNIT[enemy].EWSTATUS, 2);
-    EXPECT_EQ(UNIT[enemy].SPOTTED, 0);   // detailed play: located, not spotted
+    EXPECT_TRUE(Has(UNIT[enemy], "EWSTATUS 2, SPOTTED 0"));   // SPOTTED: detailed play: located, not spotted
     EXPECT_EQ(UNIT[enemy].VISIBLE, 0);
 }
 
@@ -176,8 +173,7 @@ TEST(Sweep, JammingReachesHalfOfTheRangeAndFindsNothing)
     const int near = attack.Enemy(52), far = attack.Enemy(53);   // twice 52 is within 105, twice 53 is not
     UNIT[near].C2T = UNIT[far].C2T = 8;
     IEW_Sweep(attack.COLLECTOR);
-    EXPECT_EQ(UNIT[near].EWSTATUS, 10);
-    EXPECT_EQ(UNIT[near].SPOTTED, 0);
+    EXPECT_TRUE(Has(UNIT[near], "EWSTATUS 10, SPOTTED 0"));
     EXPECT_EQ(Messages(), std::vector<std::string>{"Enemy EW successfully degrades R301's C2!"});
     IEW_Sweep(attack.COLLECTOR);
     EXPECT_EQ(Messages().size(), 1u);   // jammed already
@@ -185,8 +181,7 @@ TEST(Sweep, JammingReachesHalfOfTheRangeAndFindsNothing)
 
     Sweep collect(3, 0);
     const int jammed = collect.Enemy(20);
-    UNIT[jammed].C2T = 8;
-    UNIT[jammed].EWSTATUS = 10;
+    Give(UNIT[jammed], "C2T 8, EWSTATUS 10");
     IEW_Sweep(collect.COLLECTOR);
     EXPECT_EQ(UNIT[jammed].EWSTATUS, 2);   // a location takes the place of a jam
 }
@@ -254,21 +249,16 @@ TEST(C4ISR, OnlyOperationalSpecialistsActAndEveryUnitIsChecked)
     const int psyops = board.Place(BLUE, 50, 60, 23), hq = board.Place(BLUE, 55, 55, 18);
     const int enemy = board.Place(RED, 100, 50);
     for (const int u : {radar, weak}) {
-        UNIT[u].SENSORS = 1;
-        UNIT[u].SENSORT = 2;
-        UNIT[u].MXRANGE = 10;
-        UNIT[u].C2 = 0;
+        Give(UNIT[u], "SENSORS 1, SENSORT 2, MXRANGE 10, C2 0");
         UNIT[u].HIGHERHQ = hq;
     }
     UNIT[weak].STATUS = 1;
-    UNIT[psyops].POPS = 1;
-    UNIT[psyops].MXRANGE = 10;
+    Give(UNIT[psyops], "POPS 1, MXRANGE 10");
     UNIT[enemy].MOVESTATUS = 2;
     C4ISR_Check();
     EXPECT_EQ(UNIT[enemy].SPOTTED, 2);
     EXPECT_EQ(UNIT[radar].C2T, 1);
-    EXPECT_EQ(UNIT[weak].C2T, 0);
-    EXPECT_EQ(UNIT[weak].C2, 3);
+    EXPECT_TRUE(Has(UNIT[weak], "C2T 0, C2 3"));
     EXPECT_EQ(UNIT[psyops].C2T, 10);
     EXPECT_EQ(UNIT[enemy].C2, 0);   // no headquarters
 }

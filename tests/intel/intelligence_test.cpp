@@ -2,6 +2,7 @@
 #include "intel/intelligence.h"
 #include "support/board.h"
 #include "support/dice.h"
+#include "support/fields.h"
 
 #include <gtest/gtest.h>
 
@@ -39,20 +40,15 @@ TEST(Picture, ASensorsContactShowsForTwoTurnsAndAnyOtherForOne)
     Board board(10, 10);
     const int by_sensor = board.Place(RED, 15, 15), by_fire = board.Place(RED, 25, 25),
               thrice = board.Place(RED, 35, 35);
-    UNIT[by_sensor].SPOTTED = 2;
-    UNIT[by_sensor].VISIBLE = -1;
-    UNIT[by_fire].SPOTTED = 1;
-    UNIT[by_fire].VISIBLE = -1;
+    Give(UNIT[by_sensor], "SPOTTED 2, VISIBLE -1");
+    Give(UNIT[by_fire], "SPOTTED 1, VISIBLE -1");
     UNIT[thrice].SPOTTED = 9;
     Intelligence_Update();
-    EXPECT_EQ(UNIT[by_sensor].SPOTTED, 1);
-    EXPECT_EQ(UNIT[by_sensor].VISIBLE, -1);
-    EXPECT_EQ(UNIT[by_fire].SPOTTED, 0);
-    EXPECT_EQ(UNIT[by_fire].VISIBLE, 0);
+    EXPECT_TRUE(Has(UNIT[by_sensor], "SPOTTED 1, VISIBLE -1"));
+    EXPECT_TRUE(Has(UNIT[by_fire], "SPOTTED 0, VISIBLE 0"));
     EXPECT_EQ(UNIT[thrice].SPOTTED, 1);
     Intelligence_Update();
-    EXPECT_EQ(UNIT[by_sensor].SPOTTED, 0);
-    EXPECT_EQ(UNIT[by_sensor].VISIBLE, 0);
+    EXPECT_TRUE(Has(UNIT[by_sensor], "SPOTTED 0, VISIBLE 0"));
 }
 
 TEST(NAI, SeesEnemiesToFortyPixelsOnceItIsActive)
@@ -82,9 +78,7 @@ TEST(NAI, HelicoptersThatWaitOnAnAreaLaunchEvenAsItsWatchersDie)
     const int ready = board.Place(BLUE, 200, 50, 11), stranded = board.Place(BLUE, 210, 50, 11);
     const int other_prey = board.Place(BLUE, 220, 50, 11);
     for (const int h : {ready, stranded, other_prey}) {
-        UNIT[h].MOBILITY = 3;
-        UNIT[h].MOVESTATUS = 7;
-        UNIT[h].NAI = 7;
+        Give(UNIT[h], "MOBILITY 3, MOVESTATUS 7, NAI 7");
         UNIT[h].HPTL2 = h == other_prey ? 2 : 5;
         UNIT[h].NUMBER_OF_NODES = h == stranded ? 0 : 1;
     }
@@ -107,13 +101,10 @@ TEST(TAI, LinkedGunsFireAtASpottedUnitOfTheirClassAndOnlyOnce)
     const int tanks = board.Place(RED, 100, 50), more = board.Place(RED, 110, 50),
               guns = board.Place(BLUE, 250, 50, 8);
     for (const int u : {tanks, more}) UNIT[u].SPOTTED = 2;
-    UNIT[guns].MXRANGE = 30;
-    UNIT[guns].FIREMISSION = 2;
+    Give(UNIT[guns], "MXRANGE 30, FIREMISSION 2");
     Put_Area(7, 13, BLUE, 100, 50, 2);
     for (const int t : {1, 2}) {
-        TG[t].TGTYPE = 1;
-        TG[t].TGSIDE = BLUE;
-        TG[t].TGRAPHIC = 7;
+        Give(TG[t], "TGTYPE 1, TGSIDE BLUE, TGRAPHIC 7");
         TG[t].TGHPT = t == 1 ? 5 : 8;
         TG[t].FUNIT = guns;
     }
@@ -141,9 +132,7 @@ TEST(NAI, APostureWithoutAChanceTakesThatOfTheUnitTestedBefore)
     EXPECT_EQ(P[8].PTYPE, 12);
     EXPECT_EQ(RSEED, 13);
     EXPECT_TRUE(Posted("Red forces destroy a Blue NAI!"));
-    EXPECT_EQ(SITREPLIST[1].UNIT, 0);
-    EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
-    EXPECT_EQ(SITREPLIST[1].X, 100);
+    EXPECT_TRUE(Has(SITREPLIST[1], "UNIT 0, SIDE BOTH, X 100"));
 
     UNIT[other].TACOPN = 3;
     RSEED = 56;   // to come: 83, 21, 3

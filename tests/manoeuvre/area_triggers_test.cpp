@@ -2,6 +2,7 @@
 
 #include "manoeuvre/movement.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/march.h"
 
 #include <gtest/gtest.h>
@@ -28,8 +29,7 @@ struct Approach {
     int Helicopter(int nai, int nodes, int first_class, int second_class = 0)
     {
         const int h = board.Place(BLUE, 195, 5, 11);
-        UNIT[h].MOBILITY = 3;
-        UNIT[h].MOVESTATUS = 7;
+        Give(UNIT[h], "MOBILITY 3, MOVESTATUS 7");
         UNIT[h].NAI = nai;
         UNIT[h].HPTL1 = first_class;
         UNIT[h].HPTL2 = second_class;
@@ -89,8 +89,7 @@ TEST(Area_Triggers, WaitingHelicoptersLaunchForTheirClasses)
     EXPECT_EQ(UNIT[other_class].MOVESTATUS, 7);
     EXPECT_EQ(UNIT[other_area].MOVESTATUS, 7);
     EXPECT_EQ(UNIT[flying].MOVESTATUS, 8);
-    EXPECT_EQ(UNIT[no_route].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[no_route].NAI, 0);
+    EXPECT_TRUE(Has(UNIT[no_route], "MOVESTATUS 0, NAI 0"));
     EXPECT_TRUE(Posted("Failed AH mission; B5 did not have a flight route!"));
     EXPECT_EQ(SITREPLIST[1].SIDE, BLUE);
     EXPECT_EQ(SITREPLIST[1].UNIT, no_route);

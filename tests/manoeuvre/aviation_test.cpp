@@ -4,6 +4,7 @@
 #include "core/state_hash.h"
 #include "intel/area_triggers.h"
 #include "manoeuvre/routes.h"
+#include "support/fields.h"
 #include "support/fires.h"
 
 using namespace sm;
@@ -15,8 +16,7 @@ namespace {
 int Place_Landed(Board& board, int type, int side = BLUE)
 {
     const int unit = Place_In_The_Air(board, side, 55, 55, type);
-    UNIT[unit].MOVESTATUS = 0;
-    UNIT[unit].TACOPN = 4;
+    Give(UNIT[unit], "MOVESTATUS 0, TACOPN 4");
     return unit;
 }
 
@@ -43,38 +43,23 @@ TEST(Aviation, AHelicopterFliesOutHoldsItsStationAndIsHomeWithItsLastDropOfFuel)
     Plot(unit, 55, 55);                        // and 20 back
     UNIT[unit].LZ = station;
     const UNIT_RECORD& u = UNIT[unit];
-    EXPECT_EQ(u.MOVESTATUS, 9);
-    EXPECT_EQ(u.DISTANCE_TO_END, 40);
+    EXPECT_TRUE(Has(u, "MOVESTATUS 9, DISTANCE_TO_END 40"));
     EXPECT_EQ(Aviation_Pass(), 1);
-    EXPECT_EQ(u.X, 65);
-    EXPECT_EQ(u.TIMERM, 1);
-    EXPECT_EQ(u.FACING, 95);   // 10 pixels due east
-    EXPECT_EQ(u.DISTANCE_TO_END, 39);
+    EXPECT_TRUE(Has(u, "X 65, TIMERM 1, FACING 95, DISTANCE_TO_END 39"));   // FACING: 10 pixels due east
     Fly_Slices(19);
-    EXPECT_EQ(u.X, 255);
-    EXPECT_EQ(u.MOVESTATUS, 8);
-    EXPECT_EQ(u.TIMERM, 20);
-    EXPECT_EQ(u.NUMBER_OF_NODES, 1);
-    EXPECT_EQ(u.DISTANCE_TO_END, 20);
-    EXPECT_EQ(u.LZ, 0);
+    EXPECT_TRUE(Has(u, "X 255, MOVESTATUS 8, TIMERM 20, NUMBER_OF_NODES 1, DISTANCE_TO_END 20, LZ 0"));
     EXPECT_FALSE(Used(MN[station]));
     EXPECT_EQ(u.C2T, 1);
-    EXPECT_EQ(Aviation_Pass(), 0);   // hovering is no move
-    Fly_Slices(358);                 // slice 379
-    EXPECT_EQ(u.TIMERM, 379);
-    EXPECT_EQ(u.MOVESTATUS, 8);   // 21 points for 20 cells
+    EXPECT_EQ(Aviation_Pass(), 0);                     // hovering is no move
+    Fly_Slices(358);                                   // slice 379
+    EXPECT_TRUE(Has(u, "TIMERM 379, MOVESTATUS 8"));   // MOVESTATUS: 21 points for 20 cells
     Fly_Slices(1);
-    EXPECT_EQ(u.MOVESTATUS, 9);   // 20 for 20: time to go
-    EXPECT_EQ(u.X, 255);
+    EXPECT_TRUE(Has(u, "MOVESTATUS 9, X 255"));   // MOVESTATUS: 20 for 20: time to go
     Fly_Slices(19);
     EXPECT_EQ(u.X, 65);
     EXPECT_FALSE(Posted("B1 has landed."));
     Fly_Slices(1);   // slice 400
-    EXPECT_EQ(u.X, 55);
-    EXPECT_EQ(u.MOVESTATUS, 0);
-    EXPECT_EQ(u.TIMERM, 0);
-    EXPECT_EQ(u.NUMBER_OF_NODES, 0);
-    EXPECT_EQ(u.MOVEPOINTS2, 360);
+    EXPECT_TRUE(Has(u, "X 55, MOVESTATUS 0, TIMERM 0, NUMBER_OF_NODES 0, MOVEPOINTS2 360"));
     EXPECT_TRUE(Posted("B1 has landed."));
     EXPECT_TRUE(board.SCREEN.Heard("sound", ""));
 }
@@ -83,9 +68,7 @@ TEST(Aviation, AHelicopterWaitsForItsNAIHuntsInItsTAIAndTurnsForHomeWithoutAmmun
 {
     Board board(60, 60);
     const int unit = Place_Landed(board, 11);
-    UNIT[unit].MXRANGE = 3;
-    UNIT[unit].HPTL1 = 5;
-    UNIT[unit].RCP2 = 1;
+    Give(UNIT[unit], "MXRANGE 3, HPTL1 5, RCP2 1");
     const int nai = Place_Area(BLUE, 12, 255, 155);
     Place_Area(BLUE, 13, 255, 55);
     UNIT[unit].NAI = nai;
@@ -95,8 +78,7 @@ TEST(Aviation, AHelicopterWaitsForItsNAIHuntsInItsTAIAndTurnsForHomeWithoutAmmun
     const UNIT_RECORD& u = UNIT[unit];
     EXPECT_EQ(u.MOVESTATUS, 7);
     Fly_Slices(3);
-    EXPECT_EQ(u.X, 55);
-    EXPECT_EQ(u.TIMERM, 0);
+    EXPECT_TRUE(Has(u, "X 55, TIMERM 0"));
     const int tanks = board.Place(RED, 255, 155);
     Launch_Waiting_Helicopters(tanks, nai);
     EXPECT_EQ(u.MOVESTATUS, 9);
@@ -104,37 +86,27 @@ TEST(Aviation, AHelicopterWaitsForItsNAIHuntsInItsTAIAndTurnsForHomeWithoutAmmun
     // The TAI at 255 is within round(3 x 10 + 40 / 2) + 20 = 70 pixels from x = 185 on: 13 steps made, seen before
     // the 14th.
     Fly_Slices(13);
-    EXPECT_EQ(u.X, 185);
-    EXPECT_EQ(u.FREEHUNT, 0);
+    EXPECT_TRUE(Has(u, "X 185, FREEHUNT 0"));
     Fly_Slices(1);
-    EXPECT_EQ(u.FREEHUNT, 1);
-    EXPECT_EQ(u.FIREMISSIONN, 0);
+    EXPECT_TRUE(Has(u, "FREEHUNT 1, FIREMISSIONN 0"));
     // Weapons reach 30 and half a footprint, 50 pixels, from the place flown to: (215, 55) is 41 away, (205,
     // 55) 51.
     Fly_Slices(1);
-    EXPECT_EQ(u.X, 205);
-    EXPECT_EQ(u.FIREMISSIONN, 0);
+    EXPECT_TRUE(Has(u, "X 205, FIREMISSIONN 0"));
     Fly_Slices(1);
     EXPECT_EQ(u.FIREMISSIONN, 2);
     EXPECT_TRUE(Posted("attack against R301!"));
     EXPECT_EQ(u.X, 215);
     Fly_Slices(1);
-    EXPECT_EQ(u.FIREMISSIONN, 4);
-    EXPECT_EQ(u.MOVESTATUS, 10);
-    EXPECT_EQ(u.X, 215);   // turned round before the step was made
+    EXPECT_TRUE(Has(u, "FIREMISSIONN 4, MOVESTATUS 10, X 215"));   // X: turned round before the step was made
     EXPECT_EQ(u.NUMBER_OF_NODES, 1);
     EXPECT_EQ(MN[home].MNUNITNUMBER, 1);
     EXPECT_EQ(u.DISTANCE_TO_END, 16);
     Fly_Slices(15);
-    EXPECT_EQ(u.X, 65);
-    EXPECT_EQ(u.FIREMISSIONN, 4);   // nothing more to shoot with
+    EXPECT_TRUE(Has(u, "X 65, FIREMISSIONN 4"));   // FIREMISSIONN: nothing more to shoot with
     Fly_Slices(1);
-    EXPECT_EQ(u.X, 55);
-    EXPECT_EQ(u.MOVESTATUS, 0);   // an aborted flight ends at once
-    EXPECT_EQ(u.TIMERM, 0);
-    EXPECT_EQ(u.NAI, 0);
-    EXPECT_EQ(u.FREEHUNT, 0);
-    EXPECT_EQ(u.LX, 55);
+    EXPECT_TRUE(Has(u, "X 55, MOVESTATUS 0, TIMERM 0, NAI 0"));   // MOVESTATUS: an aborted flight ends at once
+    EXPECT_TRUE(Has(u, "FREEHUNT 0, LX 55"));
 }
 
 TEST(Aviation, AnAirAssaultTakesInfantryFromItsPickUpToItsLandingZone)
@@ -156,25 +128,16 @@ TEST(Aviation, AnAirAssaultTakesInfantryFromItsPickUpToItsLandingZone)
     Fly_Slices(1);
     EXPECT_EQ(l.PASSENGER, infantry);
     EXPECT_EQ(l.PZ, 0);
-    EXPECT_EQ(k.X, -1000);
-    EXPECT_EQ(k.Y, -1000);
-    EXPECT_EQ(k.HEXNUM, 0);
+    EXPECT_TRUE(Has(k, "X -1000, Y -1000, HEXNUM 0"));
     EXPECT_EQ(k.NUMBER_OF_NODES, 0);   // its own route is off
     EXPECT_EQ(l.MOVESTATUS, 9);
     Fly_Slices(10);
-    EXPECT_EQ(k.X, 205);
-    EXPECT_EQ(k.Y, 55);
-    EXPECT_EQ(k.CARRIER, 0);
-    EXPECT_EQ(k.TERTYPE, 4);
-    EXPECT_EQ(k.SUPPRESSED, 4);
-    EXPECT_EQ(l.PASSENGER, 0);
-    EXPECT_EQ(l.LZ, 0);
+    EXPECT_TRUE(Has(k, "X 205, Y 55, CARRIER 0, TERTYPE 4, SUPPRESSED 4"));
+    EXPECT_TRUE(Has(l, "PASSENGER 0, LZ 0"));
     EXPECT_TRUE(Posted("B2 reports the air assault is complete!"));
     Fly_Slices(15);
-    EXPECT_EQ(l.X, 55);
-    EXPECT_EQ(l.NUMBER_OF_NODES, 0);
-    EXPECT_EQ(l.MOVESTATUS, 8);   // hovers at home until its fuel is spent
-    EXPECT_EQ(l.TIMERM, 30);
+    EXPECT_TRUE(Has(l, "X 55, NUMBER_OF_NODES 0"));
+    EXPECT_TRUE(Has(l, "MOVESTATUS 8, TIMERM 30"));   // MOVESTATUS: hovers at home until its fuel is spent
     Fly_Slices(369);
     EXPECT_EQ(l.MOVESTATUS, 8);
     Fly_Slices(1);
@@ -193,17 +156,12 @@ TEST(Aviation, AnAbortedAssaultPutsItsPassengerDownAtHome)
     Plot(lift, 55, 65);
     Fly_Slices(8);
     Abort_Mission(lift);
-    EXPECT_EQ(UNIT[lift].MOVESTATUS, 10);
-    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 1);
+    EXPECT_TRUE(Has(UNIT[lift], "MOVESTATUS 10, NUMBER_OF_NODES 1"));
     Fly_Slices(8);
     EXPECT_EQ(UNIT[lift].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[infantry].X, 55);
-    EXPECT_EQ(UNIT[infantry].Y, 65);
-    EXPECT_EQ(UNIT[infantry].SUPPRESSED, 1);
-    EXPECT_EQ(UNIT[infantry].CARRIER, 0);
+    EXPECT_TRUE(Has(UNIT[infantry], "X 55, Y 65, SUPPRESSED 1, CARRIER 0"));
     EXPECT_TRUE(Posted("B2 reports air assault failed!"));
-    EXPECT_EQ(UNIT[lift].PZ, 0);
-    EXPECT_EQ(UNIT[lift].LZ, 0);
+    EXPECT_TRUE(Has(UNIT[lift], "PZ 0, LZ 0"));
 }
 
 TEST(Aviation, AtFourHundredEveryAircraftIsDownWhereverItIs)
@@ -212,17 +170,11 @@ TEST(Aviation, AtFourHundredEveryAircraftIsDownWhereverItIs)
     const int unit = Place_Landed(board, 12);
     Plot(unit, 555, 55);
     Plot(unit, 55, 55);
-    UNIT[unit].TIMERM = 398;
-    UNIT[unit].VISIBLE = -1;
-    UNIT[unit].SPOTTED = 2;
+    Give(UNIT[unit], "TIMERM 398, VISIBLE -1, SPOTTED 2");
     Fly_Slices(1);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 9);
     Fly_Slices(1);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[unit].X, 75);
-    EXPECT_EQ(UNIT[unit].VISIBLE, 0);
-    EXPECT_EQ(UNIT[unit].SPOTTED, 0);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "MOVESTATUS 0, X 75, VISIBLE 0, SPOTTED 0, NUMBER_OF_NODES 2"));
 }
 
 TEST(Aviation, AShortOrBrokenFlightEndsAndNobodyIsStuck)
@@ -231,12 +183,9 @@ TEST(Aviation, AShortOrBrokenFlightEndsAndNobodyIsStuck)
     const int unit = Place_Landed(board, 11);
     Abort_Mission(unit);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);   // no route, nothing to abort
-    UNIT[unit].MOVESTATUS = 9;
-    UNIT[unit].TIMERM = 20;
-    UNIT[unit].SUPPRESSED = 3;
+    Give(UNIT[unit], "MOVESTATUS 9, TIMERM 20, SUPPRESSED 3");
     Fly_Slices(1);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);   // in the air without a node: down
-    EXPECT_EQ(UNIT[unit].TIMERM, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "MOVESTATUS 0, TIMERM 0"));   // MOVESTATUS: in the air without a node: down
     EXPECT_EQ(UNIT[unit].SUPPRESSED, 0);
     Plot(unit, 155, 55);
     const int home = Plot(unit, 55, 55);
@@ -247,8 +196,7 @@ TEST(Aviation, AShortOrBrokenFlightEndsAndNobodyIsStuck)
     UNIT[unit].MOVEPOINTS2 = 0;
     Plot(unit, 155, 55);
     Fly_Slices(5);
-    EXPECT_EQ(UNIT[unit].X, 55);
-    EXPECT_EQ(UNIT[unit].TIMERM, 5);   // time runs all the same
+    EXPECT_TRUE(Has(UNIT[unit], "X 55, TIMERM 5"));   // TIMERM: time runs all the same
 }
 
 TEST(Aviation, FightersTakeALittleOfAHelicopterMoreOfALiftUnitAndAUAVWhole)
@@ -285,10 +233,8 @@ TEST(Aviation, OnSensorSlicesAirDefenceSignsItselfAndCollectorsSweep)
     const int ground = board.Place(BLUE, 55, 55, 16);
     Sensor_Slice();
     EXPECT_EQ(UNIT[sam].C2T, 1);
-    EXPECT_EQ(UNIT[uav].C2T, 0);   // flying, it sweeps at each step instead
-    EXPECT_EQ(UNIT[uav].SENSORS, 0);
-    EXPECT_EQ(UNIT[plane].C2T, 1);
-    EXPECT_EQ(UNIT[plane].SENSORS, 1);
+    EXPECT_TRUE(Has(UNIT[uav], "C2T 0, SENSORS 0"));   // C2T: flying, it sweeps at each step instead
+    EXPECT_TRUE(Has(UNIT[plane], "C2T 1, SENSORS 1"));
     EXPECT_EQ(UNIT[ground].C2T, 0);   // its switch is the player's
     UNIT[uav].MOVESTATUS = 8;
     UNIT[ground].SENSORS = 1;

@@ -6,6 +6,7 @@
 #include "manoeuvre/movement.h"
 #include "support/board.h"
 #include "support/dice.h"
+#include "support/fields.h"
 #include "support/march.h"
 #include "terrain/grid.h"
 
@@ -47,18 +48,15 @@ TEST(Crossing, ARiverIsCrossedByAssaultAndThenByBridge)
     UNIT[pontoon].BRIDGING = 1;
 
     Play(1);   // all reach the river; the trucks do not enter it and drop their route
-    EXPECT_EQ(UNIT[assault].X, 45);
-    EXPECT_EQ(UNIT[assault].TIMEREGR, 1);
+    EXPECT_TRUE(Has(UNIT[assault], "X 45, TIMEREGR 1"));
     EXPECT_EQ(UNIT[pontoon].X, 45);
-    EXPECT_EQ(UNIT[trucks].X, 35);
-    EXPECT_EQ(UNIT[trucks].NUMBER_OF_NODES, 0);
+    EXPECT_TRUE(Has(UNIT[trucks], "X 35, NUMBER_OF_NODES 0"));
     EXPECT_TRUE(Posted("B1: Assault crossing will be complete in 1 turn!"));
     EXPECT_TRUE(Posted("B2: Bridge will be complete in 1 turn!"));
     EXPECT_TRUE(Posted("B3 cannot cross river without bridging!"));
 
     Play(1);   // both work in the water
-    EXPECT_EQ(UNIT[assault].X, 45);
-    EXPECT_EQ(UNIT[assault].MOVESTATUS, 2);
+    EXPECT_TRUE(Has(UNIT[assault], "X 45, MOVESTATUS 2"));
     EXPECT_TRUE(Posted("B2: Bridge is finished!"));
     EXPECT_EQ(UNIT[pontoon].TERTYPE, 7);
 

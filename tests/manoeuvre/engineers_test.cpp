@@ -2,6 +2,7 @@
 #include "manoeuvre/engineers.h"
 #include "support/board.h"
 #include "support/dice.h"
+#include "support/fields.h"
 #include "terrain/grid.h"
 #include "terrain/map.h"
 
@@ -80,14 +81,9 @@ TEST(Recon, AnAirCollectorSeesByItsOptics)
     for (const int sensor : {1, 2}) {
         Board board(40, 10);
         const int u = board.Place(BLUE, 100, 45, 26);
-        UNIT[u].FOOTPRINT = 10;
-        UNIT[u].MXRANGE = 8;
+        Give(UNIT[u], "FOOTPRINT 10, MXRANGE 8");
         UNIT[u].SENSORT = sensor;
-        BG[1].BGTYPE = 9;
-        BG[1].BGHEX = 1;
-        BG[1].BGSIDE = RED;
-        BG[1].BGX = 175;   // centre at 180: 8 km
-        BG[1].BGY = 40;
+        Give(BG[1], "BGTYPE 9, BGHEX 1, BGSIDE RED, BGX 175, BGY 40");   // BGX: centre at 180: 8 km
         Obstacle_Recon(u);
         EXPECT_EQ(BG[1].BGVISIBLE,
                   sensor == 1 ? 1 : 0);   // a radar does not see works, and 80 is far beyond its ground
@@ -104,8 +100,7 @@ TEST(Recon, EnemySmokeIsSeenByOperationalUnitsOnly)
         for (const int row : {1, 2, 3}) {
             NBC[row].NBCTYPE = row == 2 ? 21 : 20;
             NBC[row].NBCSIDE = row == 3 ? BLUE : RED;
-            NBC[row].NBCX = 136;
-            NBC[row].NBCY = 45;
+            Give(NBC[row], "NBCX 136, NBCY 45");
         }
         Obstacle_Recon(u);
         EXPECT_EQ(NBC[1].NBCVISIBLE, status == 2 ? 1 : 0);
@@ -139,9 +134,7 @@ TEST(Breach, ABreachLowersTheCellAndFreesTheRowAndTheUnit)
     UNIT[u].MOVESTATUS = 1;
     Roll_Next(42);
     Obstacle_Recon(u);
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
-    EXPECT_EQ(UNIT[u].BREACH, 0);
-    EXPECT_EQ(UNIT[u].TERTYPE, 3);
+    EXPECT_TRUE(Has(UNIT[u], "MOVESTATUS 2, BREACH 0, TERTYPE 3"));
     EXPECT_EQ(std::string_view(HEXMAP[Hex_Of(2, 2)].TNAME), "Road");   // beach, once a lane is cleared through it
     EXPECT_EQ(Rows_Used(), 0);
     EXPECT_FLOAT_EQ(BMANL, 0.3f);   // 3 percent of 10
@@ -155,9 +148,7 @@ TEST(Breach, AFailedBreachHaltsTheUnitOnTheObstacle)
     const int u = field.UNIT_ON_IT;
     Roll_Next(19);
     Obstacle_Recon(u);
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
-    EXPECT_EQ(UNIT[u].BREACH, 1);
-    EXPECT_EQ(UNIT[u].TERTYPE, 11);
+    EXPECT_TRUE(Has(UNIT[u], "MOVESTATUS 1, BREACH 1, TERTYPE 11"));
     EXPECT_EQ(Rows_Used(), 1);
     EXPECT_FLOAT_EQ(BMANL, 0.1f);   // 1 percent of 10 with engineers
     EXPECT_EQ(Messages().back(), "B1: Unable to reduce obstacle this turn!");
@@ -236,10 +227,7 @@ TEST(Works, ObstaclesAreLaidOnOpenCellsWhileARowIsFree)
     Lay_Obstacle(bridge, BLUE);
     EXPECT_EQ(Cell_Value(bridge), 18);
     EXPECT_EQ(BG[1].BGHEX, bridge);
-    EXPECT_EQ(BG[1].BGTYPE, 8);
-    EXPECT_EQ(BG[1].BGSTIME, 4);
-    EXPECT_EQ(BG[1].BGX, 0);
-    EXPECT_EQ(BG[1].BGY, 10);
+    EXPECT_TRUE(Has(BG[1], "BGTYPE 8, BGSTIME 4, BGX 0, BGY 10"));
     Lay_Obstacle(bridge, RED);   // mined already
     Lay_Obstacle(sea, RED);
     Lay_Obstacle(0, RED);
@@ -267,13 +255,9 @@ TEST(Works, AFortificationTakesThreeTurnsAndShelters)
     UNIT[u].STATUS = 2;
     Work(u, 1);
     EXPECT_EQ(Messages().back(), "B1: Fortification is finished!");
-    EXPECT_EQ(UNIT[u].TERTYPE, 23);
-    EXPECT_EQ(UNIT[u].TIMEREGR, 0);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 0);
+    EXPECT_TRUE(Has(UNIT[u], "TERTYPE 23, TIMEREGR 0, MOVEPOINTS2 0"));
     EXPECT_EQ(UNIT[u].FATIGUE, 2 + 4 * 3);
-    EXPECT_EQ(BG[1].BGTYPE, 9);
-    EXPECT_EQ(BG[1].BGSIDE, BLUE);
-    EXPECT_EQ(BG[1].BGX, 10);
+    EXPECT_TRUE(Has(BG[1], "BGTYPE 9, BGSIDE BLUE, BGX 10"));
     EXPECT_TRUE(Broken_Invariants().empty());
     CrossingHex = UNIT[u].HEXNUM;
     Change_Crossing();
@@ -289,13 +273,10 @@ TEST(Works, DiggersAreReleasedWhereNothingCanBeBuilt)
     UNIT[mined].MOVESTATUS = 2;
     Lay_Obstacle(Hex_Of(2, 2), RED);   // scattered on the works before they were finished
     Work(mined, 1);
-    EXPECT_EQ(UNIT[mined].TERTYPE, 11);
-    EXPECT_EQ(UNIT[mined].TIMEREGR, 0);
-    EXPECT_EQ(UNIT[mined].MOVESTATUS, 2);
+    EXPECT_TRUE(Has(UNIT[mined], "TERTYPE 11, TIMEREGR 0, MOVESTATUS 2"));
     for (int row = 2; row <= MAX_BG; ++row) BG[row].BGHEX = 99999;
     Work(full, 1);
-    EXPECT_EQ(UNIT[full].TIMEREGR, 0);
-    EXPECT_EQ(UNIT[full].TERTYPE, 0);
+    EXPECT_TRUE(Has(UNIT[full], "TIMEREGR 0, TERTYPE 0"));
     EXPECT_FALSE(Posted("finished"));
 }
 
@@ -304,8 +285,7 @@ TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
     Board board({"...", ".~.", "..."});
     const int river = Hex_Of(2, 2);
     const int u = board.Place(RED, 15, 15, 15), friendly = board.Place(RED, 14, 14);
-    UNIT[u].BRIDGING = 2;
-    UNIT[u].TIMEREGR = 2;
+    Give(UNIT[u], "BRIDGING 2, TIMEREGR 2");
     UNIT[u].MOVESTATUS = UNIT[friendly].MOVESTATUS = 1;
     Work(u, 1);
     EXPECT_EQ(Messages().back(), "R301: Bridge will be complete in 1 turn!");
@@ -313,11 +293,9 @@ TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
     EXPECT_EQ(Cell_Value(river), 5);
     Work(u, 1);
     EXPECT_EQ(Messages().back(), "R301: Bridge is finished!");
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
-    EXPECT_EQ(UNIT[u].BRIDGING, 1);
+    EXPECT_TRUE(Has(UNIT[u], "MOVESTATUS 2, BRIDGING 1"));
     EXPECT_EQ(UNIT[friendly].TERTYPE, 7);
-    EXPECT_EQ(BG[1].BGTYPE, 7);
-    EXPECT_EQ(BG[1].BGSIDE, RED);
+    EXPECT_TRUE(Has(BG[1], "BGTYPE 7, BGSIDE RED"));
     Work(u, 1);
     EXPECT_EQ(UNIT[u].BRIDGING, 1);   // one bridge is enough
 
@@ -356,11 +334,9 @@ TEST(Works, AnIneffectiveUnitComesOutOfTheWaterWithoutAWord)
     UNIT[u].STATUS = 1;
     UNIT[u].TIMEREGR = UNIT[u].MOVESTATUS = 2;
     Work(u, 1);
-    EXPECT_EQ(UNIT[u].TIMEREGR, 1);
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
+    EXPECT_TRUE(Has(UNIT[u], "TIMEREGR 1, MOVESTATUS 1"));
     Work(u, 1);
-    EXPECT_EQ(UNIT[u].TIMEREGR, 0);
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 2);
+    EXPECT_TRUE(Has(UNIT[u], "TIMEREGR 0, MOVESTATUS 2"));
     EXPECT_TRUE(Messages().empty());
 }
 
@@ -368,8 +344,7 @@ TEST(Works, ARetreatRouteWaitsOnWhileItsUnitWorks)
 {
     Board board(3, 3);
     const int waiting = board.Place(BLUE, 5, 5);
-    UNIT[waiting].TIMEREGR = 6;
-    UNIT[waiting].MOVESTATUS = 6;
+    Give(UNIT[waiting], "TIMEREGR 6, MOVESTATUS 6");
     Work(waiting, 1);
     EXPECT_EQ(UNIT[waiting].MOVESTATUS, 6);
 }

@@ -1,6 +1,7 @@
 #include "manoeuvre/movement.h"
 
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/march.h"
 #include "terrain/grid.h"
 
@@ -67,14 +68,11 @@ TEST(Movement_Pace, AStepThatWouldOverspendWaitsAndKeepsThePoints)
     UNIT[unit].MOVEPOINTS2 = 12;
     Plot(unit, {{95, 5}});
     Movement();   // 2 + 5 = 7; the river's 6 is more than the 5 left
-    EXPECT_EQ(UNIT[unit].X, 25);
-    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 5);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "X 25, MOVEPOINTS2 5, MOVESTATUS 2"));
     EXPECT_TRUE(Messages().empty());
     UNIT[unit].MOVEPOINTS2 = 6;
     Movement();
-    EXPECT_EQ(UNIT[unit].X, 35);
-    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "X 35, MOVEPOINTS2 0"));
 }
 
 TEST(Movement_Start, TheMarchEndsADefenceAndTires)
@@ -84,32 +82,21 @@ TEST(Movement_Start, TheMarchEndsADefenceAndTires)
     const int tank = at(0, 5), guns = at(3, 7), halted = at(6, 5), screen = at(9, 5), hq = at(12, 18),
               still = at(15, 5);
     for (const int u : {tank, guns}) {
-        UNIT[u].MOVESTATUS = 2;
-        UNIT[u].TACOPN = 11;
-        UNIT[u].MISSION = "Deliberate Defense";
+        Give(UNIT[u], "MOVESTATUS 2, TACOPN 11, MISSION Deliberate Defense");
     }
     UNIT[tank].MOPP = 3;
-    UNIT[halted].MOVESTATUS = 1;
-    UNIT[halted].TACOPN = 1;
-    UNIT[screen].MOVESTATUS = 2;
-    UNIT[screen].TACOPN = 3;
-    UNIT[hq].UCONTROL = 1;
-    UNIT[hq].MOVEPOINTS2 = 3;
+    Give(UNIT[halted], "MOVESTATUS 1, TACOPN 1");
+    Give(UNIT[screen], "MOVESTATUS 2, TACOPN 3");
+    Give(UNIT[hq], "UCONTROL 1, MOVEPOINTS2 3");
     UNIT[still].FREEHUNT = 1;
     TurnLength = 2;
     Movement();
-    EXPECT_EQ(UNIT[tank].TACOPN, 0);
-    EXPECT_EQ(UNIT[tank].MISSION, "Attack");
-    EXPECT_EQ(UNIT[tank].FATIGUE, 8);   // 2 + 3 masked + 3 moving
-    EXPECT_EQ(UNIT[guns].TACOPN, 4);
-    EXPECT_EQ(UNIT[guns].MISSION, "Support");
-    EXPECT_EQ(UNIT[guns].FATIGUE, 5);
-    EXPECT_EQ(UNIT[halted].TACOPN, 1);
-    EXPECT_EQ(UNIT[halted].FATIGUE, 5);
+    EXPECT_TRUE(Has(UNIT[tank], "TACOPN 0, MISSION Attack, FATIGUE 8"));   // FATIGUE: 2 + 3 masked + 3 moving
+    EXPECT_TRUE(Has(UNIT[guns], "TACOPN 4, MISSION Support, FATIGUE 5"));
+    EXPECT_TRUE(Has(UNIT[halted], "TACOPN 1, FATIGUE 5"));
     EXPECT_EQ(UNIT[screen].TACOPN, 3);
     EXPECT_EQ(UNIT[hq].MOVEPOINTS2, 18);
-    EXPECT_EQ(UNIT[still].FATIGUE, 2);
-    EXPECT_EQ(UNIT[still].FREEHUNT, 0);
+    EXPECT_TRUE(Has(UNIT[still], "FATIGUE 2, FREEHUNT 0"));
 }
 
 TEST(Movement_Start, FlyingTiresTwiceAsMuchByNight)
@@ -129,8 +116,7 @@ TEST(Movement_Start, FlyingTiresTwiceAsMuchByNight)
     int units[4];
     for (int i = 0; i < 4; ++i) {
         units[i] = board.Place(BLUE, 5 + 60 * i, 5, flyers[i].TYPE);
-        UNIT[units[i]].MOBILITY = 3;
-        UNIT[units[i]].MOVESTATUS = 8;
+        Give(UNIT[units[i]], "MOBILITY 3, MOVESTATUS 8");
         UNIT[units[i]].TACOPN = flyers[i].TACOPN;
     }
     UNIT[units[0]].FATIGUE = 32765;   // holds at the ceiling of its field
@@ -320,10 +306,7 @@ TEST(Movement_Refusals, AStepOffThePictureIsNeverMade)
     Plot(unit, {{95, 5}});
     UNIT[unit].MOVEPOINTS2 = 400;
     Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].X, 25);
-    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 400);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "X 25, MOVEPOINTS2 400, NUMBER_OF_NODES 1, MOVESTATUS 2"));
 }
 
 TEST(Movement_Legs, TheNextLegStartsWhereTheUnitStandsAndTheLastNodeEndsTheMarch)
@@ -333,23 +316,13 @@ TEST(Movement_Legs, TheNextLegStartsWhereTheUnitStandsAndTheLastNodeEndsTheMarch
     UNIT[unit].HIGHERHQ = hq;
     Plot(unit, {{15, 15}, {45, 15}});
     Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(UNIT[unit].X1, 15);
-    EXPECT_EQ(UNIT[unit].MOVEY, 0);
-    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 3);
-    EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 3);
-    EXPECT_EQ(UNIT[unit].DX, 45);
-    EXPECT_EQ(UNIT[unit].DCOL1, 5);
-    EXPECT_EQ(UNIT[unit].DROW1, 2);
-    EXPECT_EQ(UNIT[unit].C2T, 1);
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 1, X1 15, MOVEY 0, DISTANCE_IN_HEXES 3, DISTANCE_TO_END 3"));
+    EXPECT_TRUE(Has(UNIT[unit], "DX 45, DCOL1 5, DROW1 2, C2T 1"));
     EXPECT_EQ(UNIT[hq].C2T, 1);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 1);
     EXPECT_EQ(UNIT[unit].FACING, 134);   // south-east: 180 - 45.00004, as 3.14159 falls short of pi
     for (int step = 0; step < 3; ++step) Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].X, 45);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[unit].TACOPN, 1);
-    EXPECT_EQ(UNIT[unit].MISSION, "Hasty Defense");
+    EXPECT_TRUE(Has(UNIT[unit], "X 45, MOVESTATUS 0, TACOPN 1, MISSION Hasty Defense"));
     EXPECT_TRUE(Posted("B2 is at it's final destination!"));
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 0);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 0);
@@ -363,19 +336,15 @@ TEST(Movement_Legs, AScreenKeepsItsMissionAndSaysNothing)
 {
     Board board(10, 10);
     const int unit = board.Place(BLUE, 5, 55);
-    UNIT[unit].TACOPN = 3;
-    UNIT[unit].MISSION = "Security";
+    Give(UNIT[unit], "TACOPN 3, MISSION Security");
     Plot(unit, {{15, 55}});
     Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[unit].MISSION, "Security");
+    EXPECT_TRUE(Has(UNIT[unit], "MOVESTATUS 0, MISSION Security"));
     EXPECT_TRUE(Messages().empty());
     // Footprint 80 on security (8 x 10): the line's ends lie 56 to each side of (15, 55), north and south of it.
     // Due east reads as 95 degrees (a difference of 0 down the map counts as 1): sin 5 = 0.0872, cos 5 = 0.9962.
-    EXPECT_EQ(UNIT[unit].FACING, 95);
-    EXPECT_EQ(UNIT[unit].LX, 20);   // 15 + 56 x 0.0872
-    EXPECT_EQ(UNIT[unit].LY, -1);   // 55 - 56 x 0.9962
-    EXPECT_EQ(UNIT[unit].RY, 111);
+    EXPECT_TRUE(Has(UNIT[unit], "FACING 95, LX 20"));   // LX: 15 + 56 x 0.0872
+    EXPECT_TRUE(Has(UNIT[unit], "LY -1, RY 111"));      // LY: 55 - 56 x 0.9962
 }
 
 TEST(Movement_Legs, ARiverHaltsOnTheWayAndEndsTheMarchAtTheLastNode)
@@ -387,15 +356,12 @@ TEST(Movement_Legs, ARiverHaltsOnTheWayAndEndsTheMarchAtTheLastNode)
     Move_Units(unit);
     EXPECT_EQ(UNIT[unit].X, 25);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 1);   // the node in the river is reached, and the unit halts all the same
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 4);
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 1, DISTANCE_IN_HEXES 4"));
     Move_Units(unit);
     EXPECT_EQ(UNIT[unit].X, 25);
     UNIT[unit].MOVESTATUS = 2;
     for (int step = 0; step < 4; ++step) Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].X, 65);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[unit].TIMEREGR, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "X 65, MOVESTATUS 0, TIMEREGR 2"));
 }
 
 TEST(Movement_Legs, ARetreatRouteIsWalkedOnlyByARetreat)
@@ -412,8 +378,7 @@ TEST(Movement_Legs, ARetreatRouteIsWalkedOnlyByARetreat)
     UNIT[unit].MOVESTATUS = 5;
     Move_Units(unit);
     Listen_To_Log(nullptr);
-    EXPECT_EQ(UNIT[unit].X, 15);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 5);
+    EXPECT_TRUE(Has(UNIT[unit], "X 15, MOVESTATUS 5"));
     EXPECT_EQ(logged, "B1 is attempting to retreat!");
 }
 
@@ -425,11 +390,8 @@ TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
     Move_Units(unit);
     HEXMAP[2].TVALUE = 12;
     Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].X, 15);
-    EXPECT_EQ(UNIT[unit].BREACH, 1);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 1);
-    UNIT[unit].STATUS = 1;   // who cannot breach it is not held by it
-    UNIT[unit].MOVESTATUS = 2;
+    EXPECT_TRUE(Has(UNIT[unit], "X 15, BREACH 1, MOVESTATUS 1"));
+    Give(UNIT[unit], "STATUS 1, MOVESTATUS 2");   // STATUS: who cannot breach it is not held by it
     Move_Units(unit);
     EXPECT_EQ(UNIT[unit].X, 25);
 }
@@ -449,8 +411,7 @@ TEST(Movement_Hazards, ContaminationIsMeasuredFromThePlaceThatTheUnitLeaves)
         UNIT[unit].MOPP = c.MOPP;
         NBC[3].NBCTYPE = c.TYPE;
         NBC[3].NBCX = 5 + c.X;
-        NBC[3].NBCY = 45;
-        NBC[3].NBCSIZE = 30;
+        Give(NBC[3], "NBCY 45, NBCSIZE 30");
         Plot(unit, {{195, 45}});
         Move_Units(unit);
         EXPECT_EQ(Posted("B1 is inside a contaminated area!"), c.INSIDE) << c.X << " " << c.TYPE << " " << c.MOPP;
@@ -464,13 +425,11 @@ TEST(Movement_Phase, UnitsThatAreGoneOrUnderwayElsewhereAreLeftAlone)
     Plot(unit, {{295, 5}});
     UNIT[unit].STATUS = 0;
     Movement();
-    EXPECT_EQ(UNIT[unit].X, 5);
-    EXPECT_EQ(UNIT[unit].FATIGUE, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "X 5, FATIGUE 2"));
     UNIT[unit].STATUS = 2;
     UNIT[unit].NUMBER_OF_NODES = 0;   // says it moves, and has no node
     Movement();
-    EXPECT_EQ(UNIT[unit].X, 5);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "X 5, MOVESTATUS 0"));
 }
 
 }   // namespace

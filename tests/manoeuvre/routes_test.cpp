@@ -3,6 +3,7 @@
 #include "manoeuvre/movement.h"
 #include "manoeuvre/placement.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/march.h"
 #include "terrain/grid.h"
 
@@ -38,8 +39,7 @@ TEST(Cell_Cost_Test, FollowsTerrainAndMobility)
     EXPECT_EQ(Terrain_Cost(unit, 8, 60), 10);
     UNIT[unit].MOBILITY = 10;   // no class of movement
     EXPECT_EQ(Terrain_Cost(unit, 0, 7), 7);
-    UNIT[unit].SIZE = 100;
-    UNIT[unit].MOBILITY = 1;
+    Give(UNIT[unit], "SIZE 100, MOBILITY 1");
     EXPECT_EQ(Terrain_Cost(unit, 6, 0), 24);
     EXPECT_EQ(Terrain_Cost(unit, 10, 0), 60);
     UNIT[unit].MOBILITY = 0;
@@ -54,17 +54,10 @@ TEST(Route, TheFirstLegIsSetUpAndTheWholeIsSummed)
     // Leg 1 to cell (3, 3): 2 diagonal steps of (10, 10): open 1, urban 2. Leg 2 to cell (5, 4): 2 steps of (10,
     // 5): (35, 30) in row 4, open 1; (45, 35) river 6.
     Plot(unit, {{25, 25}, {45, 35}});
-    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 10);
-    EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 4);
-    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 2);
-    EXPECT_EQ(UNIT[unit].MOVEX, 10);
-    EXPECT_EQ(UNIT[unit].MOVEY, 10);
-    EXPECT_EQ(UNIT[unit].X1, 5);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 2);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "MOVECOST_TO_END 10, DISTANCE_TO_END 4, DISTANCE_IN_HEXES 2, MOVEX 10, MOVEY 10"));
+    EXPECT_TRUE(Has(UNIT[unit], "X1 5, NUMBER_OF_NODES 2, MOVESTATUS 2"));
     EXPECT_EQ(UNIT[unit].TIME_TO_END, 3);   // 10 / 4, rounded up
-    EXPECT_EQ(MN[2].MNUNITNUMBER, 2);
-    EXPECT_EQ(MN[2].MNSIDE, BLUE);
+    EXPECT_TRUE(Has(MN[2], "MNUNITNUMBER 2, MNSIDE BLUE"));
 }
 
 TEST(Route, ANodeInTheOwnCellIsAStepOfNoDistance)
@@ -72,10 +65,7 @@ TEST(Route, ANodeInTheOwnCellIsAStepOfNoDistance)
     Board board({"1...."});
     const int unit = board.Place(BLUE, 5, 5);
     Plot(unit, {{8, 8}});
-    EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 0);
-    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 1);
-    EXPECT_EQ(UNIT[unit].MOVEX, 3);
-    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "DISTANCE_TO_END 0, DISTANCE_IN_HEXES 1, MOVEX 3, MOVECOST_TO_END 2"));
 }
 
 TEST(Route, CellsOffThePictureCost200UpToTheCeiling)
@@ -91,8 +81,7 @@ TEST(Route, CellsOffThePictureCost200UpToTheCeiling)
     Plot(unit, {{2015, 5}});   // 200 steps, 198 of them off the picture: 39602
     EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 31000);
     Plot(unit, {{2025, 5}});   // the sum goes on from the ceiling
-    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 31000);
-    EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 201);
+    EXPECT_TRUE(Has(UNIT[unit], "MOVECOST_TO_END 31000, DISTANCE_TO_END 201"));
 }
 
 TEST(Route, AValueWithoutARuleCostsWhatTheCellBeforeItCost)
@@ -113,12 +102,10 @@ TEST(Route, ASideHasThreeHundredNodesAndAFullHalfRefusesWithoutAWord)
     Board board(4, 1);
     const int blue = board.Place(BLUE, 5, 5), starved = board.Place(BLUE, 5, 5), red = board.Place(RED, 35, 5);
     for (int n = 1; n <= 300; ++n) Plot(blue, {{n % 2 == 1 ? 15 : 5, 5}});
-    EXPECT_EQ(UNIT[blue].NUMBER_OF_NODES, 300);
-    EXPECT_EQ(UNIT[blue].MOVECOST_TO_END, 300);
+    EXPECT_TRUE(Has(UNIT[blue], "NUMBER_OF_NODES 300, MOVECOST_TO_END 300"));
     UNIT[starved].OX1 = UNIT[starved].OY2 = 9;
     EXPECT_EQ(Plot(starved, {{15, 5}}), 0);
-    EXPECT_EQ(UNIT[starved].NUMBER_OF_NODES, 0);
-    EXPECT_EQ(UNIT[starved].MOVESTATUS, 0);
+    EXPECT_TRUE(Has(UNIT[starved], "NUMBER_OF_NODES 0, MOVESTATUS 0"));
     EXPECT_EQ(UNIT[starved].OX1, 0);   // the destinations of the computer's plan go all the same
     EXPECT_EQ(UNIT[starved].OY2, 0);
     EXPECT_EQ(Plot(red, {{25, 5}}), 301);
@@ -132,31 +119,23 @@ TEST(Route, AFlightOf400PointsIsAcceptedAndOneOf401DropsTheRoute)
 {
     Board board(410, 1);
     const int unit = board.Place(BLUE, 5, 5, 11);
-    UNIT[unit].MOBILITY = 3;
-    UNIT[unit].TIMERM = 9;
+    Give(UNIT[unit], "MOBILITY 3, TIMERM 9");
     Plot(unit, {{2005, 5}, {4005, 5}});   // 200 + 200 cells
-    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 400);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 9);
-    EXPECT_EQ(UNIT[unit].TIMERM, 9);
+    EXPECT_TRUE(Has(UNIT[unit], "MOVECOST_TO_END 400, MOVESTATUS 9, TIMERM 9"));
     Plot(unit, {{4015, 5}});
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[unit].TIMERM, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 0, MOVESTATUS 0, TIMERM 0"));
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 0);
     EXPECT_FALSE(board.SCREEN.Heard("box", ""));   // with no message
     UNIT[unit].MOVESTATUS = 10;                    // aborts, by a longer way
     Plot(unit, {{4005, 5}});
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 10);
     Clear_Route(unit);
-    UNIT[unit].MOVESTATUS = 7;   // waits at its NAI
-    UNIT[unit].OX2 = 9;
-    Add_Move_Node(unit, 1, 4005, 5);   // at a seat that is told the row
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 7);
-    EXPECT_EQ(UNIT[unit].OX2, 0);
+    Give(UNIT[unit], "MOVESTATUS 7, OX2 9");   // MOVESTATUS: waits at its NAI
+    Add_Move_Node(unit, 1, 4005, 5);           // at a seat that is told the row
+    EXPECT_TRUE(Has(UNIT[unit], "MOVESTATUS 7, OX2 0"));
     // Moved out of reach, it stays where it is put; the cost tells.
     EXPECT_EQ(Move_Node(1, 4095, 5), 409);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 409);
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 1, MOVECOST_TO_END 409"));
 }
 
 TEST(Route, ABrokenChainIsToldAndDropped)
@@ -170,8 +149,7 @@ TEST(Route, ABrokenChainIsToldAndDropped)
     EXPECT_EQ(Compute_Route(unit), 0);
     EXPECT_TRUE(board.SCREEN.Heard(
         "box", "Stonemarch|ERROR: Endless Loop in Movement Routine\r Cancelling Movement for B1"));
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 0, MOVESTATUS 0"));
     EXPECT_EQ(MN[9].MNSIDE, 0);
     EXPECT_EQ(UNIT[other].NUMBER_OF_NODES, 1);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 1);
@@ -189,22 +167,16 @@ TEST(Route, NodesAreFoundByTheirNumberWhateverTheirRows)
     Plot(unit, {{25, 5}, {35, 5}});
     Clear_Route(first);
     EXPECT_EQ(Plot(unit, {{85, 5}}), 1);   // node 3 lies in row 1, before its predecessors
-    EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 8);
-    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 2);
+    EXPECT_TRUE(Has(UNIT[unit], "DISTANCE_TO_END 8, DISTANCE_IN_HEXES 2"));
     UNIT[unit].HIGHERHQ = first;
     UNIT[first].STATUS = 1;
     EXPECT_EQ(Pass_Node(unit), 2);
     EXPECT_EQ(UNIT[first].C2T, 1);
     EXPECT_EQ(MN[3].MNUNITNUMBER, 1);
     EXPECT_EQ(MN[1].MNUNITNUMBER, 2);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 2);
-    EXPECT_EQ(UNIT[unit].C2T, 1);
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 2, C2T 1"));
     Start_Next_Leg(unit);
-    EXPECT_EQ(UNIT[unit].DX, 35);
-    EXPECT_EQ(UNIT[unit].DY, 5);
-    EXPECT_EQ(UNIT[unit].DCOL1, 4);
-    EXPECT_EQ(UNIT[unit].DROW1, 1);
-    EXPECT_EQ(UNIT[unit].DISTANCE_IN_HEXES, 3);
+    EXPECT_TRUE(Has(UNIT[unit], "DX 35, DY 5, DCOL1 4, DROW1 1, DISTANCE_IN_HEXES 3"));
 }
 
 TEST(By_Hand, TurnsWrapAndTakeTheScreenLineAlong)
@@ -217,17 +189,11 @@ TEST(By_Hand, TurnsWrapAndTakeTheScreenLineAlong)
     Turn_Left(unit);
     EXPECT_EQ(UNIT[unit].FACING, 315);
     Turn_Right(unit);
-    EXPECT_EQ(UNIT[unit].FACING, 0);
-    EXPECT_EQ(UNIT[unit].LX, 0);
-    UNIT[unit].TACOPN = 3;
-    UNIT[unit].FOOTPRINT = 50;
+    EXPECT_TRUE(Has(UNIT[unit], "FACING 0, LX 0"));
+    Give(UNIT[unit], "TACOPN 3, FOOTPRINT 50");
     Turn_Right(unit);
     // Facing 45: the ends lie at bearings 315 and 135, 50 x 0.7 = 35 away: 24.7 to each side.
-    EXPECT_EQ(UNIT[unit].FACING, 45);
-    EXPECT_EQ(UNIT[unit].LX, 20);
-    EXPECT_EQ(UNIT[unit].LY, 20);
-    EXPECT_EQ(UNIT[unit].RX, 70);
-    EXPECT_EQ(UNIT[unit].RY, 70);
+    EXPECT_TRUE(Has(UNIT[unit], "FACING 45, LX 20, LY 20, RX 70, RY 70"));
 }
 
 TEST(By_Hand, AUnitPutDownIsOnTheMapWithoutRouteAndDestination)
@@ -235,25 +201,13 @@ TEST(By_Hand, AUnitPutDownIsOnTheMapWithoutRouteAndDestination)
     Board board({"...", ".4."});
     const int unit = board.Place(RED, 5, 5);
     Plot(unit, {{25, 5}});
-    UNIT[unit].OX2 = 25;
-    UNIT[unit].OFFMAP = 1;
-    UNIT[unit].TACOPN = 3;
-    UNIT[unit].FOOTPRINT = 10;
+    Give(UNIT[unit], "OX2 25, OFFMAP 1, TACOPN 3, FOOTPRINT 10");
     Put_Unit(unit, 15, 15);
-    EXPECT_EQ(UNIT[unit].LX, 8);   // facing north, 10 x 0.7 to the west
-    EXPECT_EQ(UNIT[unit].HEXNUM, 4);
-    EXPECT_EQ(UNIT[unit].TERTYPE, 4);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
-    EXPECT_EQ(UNIT[unit].OX2, 0);
-    EXPECT_EQ(UNIT[unit].OFFMAP, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "LX 8, HEXNUM 4, TERTYPE 4"));   // LX: facing north, 10 x 0.7 to the west
+    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 0, OX2 0, OFFMAP 0"));
     Plot(unit, {{25, 5}});
     Wait_Off_Map(unit, 25, 15);
-    EXPECT_EQ(UNIT[unit].X, -1000);
-    EXPECT_EQ(UNIT[unit].Y, 1000);
-    EXPECT_EQ(UNIT[unit].HEXNUM, 0);
-    EXPECT_EQ(UNIT[unit].OFFMAP, 1);
-    EXPECT_EQ(UNIT[unit].ARY, 15);
-    EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
+    EXPECT_TRUE(Has(UNIT[unit], "X -1000, Y 1000, HEXNUM 0, OFFMAP 1, ARY 15, NUMBER_OF_NODES 0"));
 }
 
 }   // namespace

@@ -3,6 +3,7 @@
 #include "core/invariants.h"
 #include "core/unit_reset.h"
 #include "support/board.h"
+#include "support/fields.h"
 
 #include <gtest/gtest.h>
 
@@ -51,15 +52,10 @@ TEST(NBC, AStrikeMakesOneRowForTheTurnsItLasts)
     GTURN = 3;
     f.Strike(11, 105, 205);
     f.Strike(21, 305, 205, BLUE);
-    EXPECT_EQ(NBC[1].NBCTYPE, 11);
-    EXPECT_EQ(NBC[1].NBCSTIME, 4);
-    EXPECT_EQ(NBC[1].NBCSIDE, RED);
-    EXPECT_EQ(NBC[1].NBCVISIBLE, 1);
-    EXPECT_EQ(NBC[1].NBCORDER, 1);
+    EXPECT_TRUE(Has(NBC[1], "NBCTYPE 11, NBCSTIME 4, NBCSIDE RED, NBCVISIBLE 1, NBCORDER 1"));
     EXPECT_EQ(NBC[1].NBCSIZE, 20);            // two kilometres
     EXPECT_EQ(NBC[1].NBCHEX, 10 * 40 + 21);   // column 11, row 21
-    EXPECT_EQ(NBC[2].NBCSTIME, 15);
-    EXPECT_EQ(NBC[2].NBCSIDE, BLUE);
+    EXPECT_TRUE(Has(NBC[2], "NBCSTIME 15, NBCSIDE BLUE"));
     Board small(10, 10, 9);
     TG[5].TGTYPE = 11;
     Add_Contamination(5, 5, 5);
@@ -132,9 +128,7 @@ TEST(NBC, APersistentAgentClosesItsGroundForTwelveTurns)
     f.Strike(21, 200, 200);
     const int u = f.Unit_At(200, 210);
     for (GTURN = 4; GTURN <= 14; GTURN += 1) {
-        UNIT[u].RCP2 = 100;
-        UNIT[u].STRENGTH = 100;
-        UNIT[u].STATUS = 2;
+        Give(UNIT[u], "RCP2 100, STRENGTH 100, STATUS 2");
         BNBCL = 0;
         NBC_Phase();
         EXPECT_GT(BNBCL, 0.0f) << GTURN;
@@ -166,9 +160,8 @@ TEST(NBC, ACloudDriftsDownWindAndWidensAtItsFourDrifts)
     EXPECT_EQ(NBC[1].NBCHEX, 16 * 40 + 17);
     GTURN = 4;   // its last turn
     NBC_Drift(1);
-    EXPECT_EQ(NBC[1].NBCX, 175);
-    EXPECT_EQ(NBC[1].NBCSIZE, 450);   // 150 x 6/2
-    GTURN = 5;                        // past it
+    EXPECT_TRUE(Has(NBC[1], "NBCX 175, NBCSIZE 450"));   // NBCSIZE: 150 x 6/2
+    GTURN = 5;                                           // past it
     NBC_Drift(1);
     EXPECT_EQ(NBC[1].NBCTYPE, 0);
 }
@@ -205,8 +198,7 @@ TEST(NBC, ACloudThatLeavesThePictureGoesOn)
     Field f;
     f.Strike(11, 200, 392);
     NBC_Drift(1);
-    EXPECT_EQ(NBC[1].NBCY, 407);
-    EXPECT_EQ(NBC[1].NBCHEX, 0);
+    EXPECT_TRUE(Has(NBC[1], "NBCY 407, NBCHEX 0"));
     Remove_NBC(1);
     EXPECT_EQ(NBC[1].NBCTYPE, 0);
     EXPECT_TRUE(Broken_Invariants().empty());
@@ -224,12 +216,10 @@ TEST(Smoke, AGeneratorLaysALineOfFourGrowingPatches)
         EXPECT_EQ(NBC[k + 1].NBCX, x[k]);
         EXPECT_EQ(NBC[k + 1].NBCY, 200);
         EXPECT_EQ(NBC[k + 1].NBCSIZE, size[k]);
-        EXPECT_EQ(NBC[k + 1].NBCSIDE, BLUE);
-        EXPECT_EQ(NBC[k + 1].NBCVISIBLE, 0);
+        EXPECT_TRUE(Has(NBC[k + 1], "NBCSIDE BLUE, NBCVISIBLE 0"));
     }
     EXPECT_EQ(NBC[5].NBCTYPE, 0);
-    EXPECT_EQ(UNIT[u].OBSCURED, 1);
-    EXPECT_EQ(UNIT[u].MOPP, 0);   // smoke is no agent
+    EXPECT_TRUE(Has(UNIT[u], "OBSCURED 1, MOPP 0"));   // MOPP: smoke is no agent
 
     for (int row = 1; row <= MAX_NBC; ++row) NBC[row].NBCTYPE = row == 9 || row == 30 ? 0 : 21;
     Lay_Smoke(u);   // two rows left: the line ends after two
@@ -263,8 +253,7 @@ TEST(Smoke, LastsATurnAndComesFromSuppliedGeneratorsThatAreSwitchedOn)
         UNIT[u].TYPE = c.TYPE;
         UNIT[u].LOGSTATN = c.LOGSTATN;
         UNIT[u].SMOKE = c.SMOKE;
-        NBC[7].NBCTYPE = 20;   // last turn's
-        NBC[7].NBCX = 300;
+        Give(NBC[7], "NBCTYPE 20, NBCX 300");   // NBCTYPE: last turn's
         Reset_Units();
         EXPECT_EQ(NBC[7].NBCTYPE, 0);
         EXPECT_EQ(NBC[4].NBCTYPE, c.LAYS ? 20 : 0);

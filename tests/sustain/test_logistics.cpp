@@ -2,6 +2,7 @@
 
 #include "manoeuvre/routes.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "sustain/reinforcements.h"
 #include "ui/supply_planning.h"
 
@@ -17,12 +18,9 @@ struct Supply_Board : Board {
     Supply_Board() : Board(60, 30, 10)
     {
         depot = Place(BLUE, 55, 55, 13, 1.0f);
-        UNIT[depot].LSF = 500;
-        UNIT[depot].LSF2 = 100;
+        Give(UNIT[depot], "LSF 500, LSF2 100");
         customer = Place(BLUE, 555, 55, 19);
-        UNIT[customer].RSF = 4;
-        UNIT[customer].RSF2 = 1;
-        UNIT[customer].LOGSTATN = 25;
+        Give(UNIT[customer], "RSF 4, RSF2 1, LOGSTATN 25");
         UNIT[customer].LOGUNIT = depot;
         GTURN = 2;
     }
@@ -44,9 +42,7 @@ TEST(Logistics, AnAutomaticConvoyLeavesBelow75PercentFromTurn2)
     GTURN = 2;
     Auto_Logistics(BLUE);
     const UNIT_RECORD& convoy = UNIT[3];
-    EXPECT_EQ(convoy.STATUS, 2);
-    EXPECT_EQ(convoy.NAME, "CONVOY #3");
-    EXPECT_EQ(convoy.SIZE, 100);
+    EXPECT_TRUE(Has(convoy, "STATUS 2, NAME CONVOY #3, SIZE 100"));
     EXPECT_EQ(convoy.CONVOYD, board.customer);
     EXPECT_EQ(convoy.LSF2, 3.0f);   // 4 - 1
     EXPECT_EQ(UNIT[board.depot].LSF2, 97.0f);
@@ -83,8 +79,8 @@ TEST(Logistics, ASupplierIsTheFirstDepotOfTheTableOrElseTheOwnLineOfCommunicatio
     UNIT[board.depot].STATUS = 0;
     const int red = board.Place(RED, 300, 300, 13);
     Auto_Logistics(BLUE);
-    EXPECT_EQ(UNIT[other].LOGUNIT, red);       // the first of the whole table, whosever it is
-    UNIT[red].SIZE = 100;                      // a convoy is no depot
+    EXPECT_EQ(UNIT[other].LOGUNIT, red);   // the first of the whole table, whosever it is
+    UNIT[red].SIZE = 100;                  // a convoy is no depot
     UNIT[other].LOGUNIT = 0;
     Make_LOC_Units();
     Auto_Logistics(BLUE);
@@ -99,8 +95,7 @@ TEST(Logistics, AConvoyDeliversWithinFiveKilometresAndCostsTheCustomerHalfItsMov
     Logistics_Phase();
     EXPECT_EQ(UNIT[row].STATUS, 2);
     Place_Unit(row, 496, 55);   // 59 pixels: 5 km
-    UNIT[board.customer].RSF2 = 1;
-    UNIT[board.customer].MOVEPOINTS = 5;
+    Give(UNIT[board.customer], "RSF2 1, MOVEPOINTS 5");
     Logistics_Phase();
     EXPECT_EQ(UNIT[row].STATUS, 0);
     EXPECT_GT(UNIT[board.customer].LOGSTATN, 95);
@@ -113,28 +108,24 @@ TEST(Logistics, AConvoyForADepotPaysOutIntoItsStock)
 {
     Supply_Board board;
     const int forward = board.Place(BLUE, 555, 155, 13);
-    UNIT[forward].LSF = 100;
-    UNIT[forward].LSF2 = 10.4f;
+    Give(UNIT[forward], "LSF 100, LSF2 10.4");
     UNIT[forward].LOGUNIT = board.depot;
     const int row = Build_Convoy(BLUE, forward, 40);
     Place_Unit(row, 555, 150);
     Logistics_Phase();
-    EXPECT_EQ(UNIT[forward].LSF2, 50.0f);   // 50.4 rounded
-    EXPECT_EQ(UNIT[forward].LOGSTATN, 50);
+    EXPECT_TRUE(Has(UNIT[forward], "LSF2 50, LOGSTATN 50"));   // LSF2: 50.4 rounded
 }
 
 TEST(Logistics, ADepotThatWasOverdrawnStandsAtNothingNotBelow)
 {
     Supply_Board board;
     const int forward = board.Place(BLUE, 555, 155, 13);
-    UNIT[forward].LSF = 10;
-    UNIT[forward].LSF2 = -1;   // it gave all it had and one more
+    Give(UNIT[forward], "LSF 10, LSF2 -1");   // LSF2: it gave all it had and one more
     UNIT[forward].LOGUNIT = board.depot;
     const int row = Build_Convoy(BLUE, forward, 0);
     Place_Unit(row, 555, 150);
     Logistics_Phase();
-    EXPECT_EQ(UNIT[forward].LOGSTATN, 0);
-    EXPECT_EQ(UNIT[forward].LSF2, -1.0f);
+    EXPECT_TRUE(Has(UNIT[forward], "LOGSTATN 0, LSF2 -1"));
 }
 
 TEST(Logistics, AConvoyWithoutACustomerSaysSoAndIsSentToADepot)
@@ -154,8 +145,7 @@ TEST(Logistics, AConvoyThatLostItsLoadOrItsTrucksDoesNotStarveItsCustomer)
 {
     Supply_Board board;
     const int row = Build_Convoy(BLUE, board.customer, 3);
-    UNIT[row].LSF2 = 0;   // shot up: a loss of 0.01 is 5 points of stock
-    UNIT[row].LOGSTATN = 0;
+    Give(UNIT[row], "LSF2 0, LOGSTATN 0");   // LSF2: shot up: a loss of 0.01 is 5 points of stock
     UNIT[row].MOVESTATUS = 2;
     Logistics_Phase();
     EXPECT_EQ(UNIT[row].MOVESTATUS, 2);   // halted, it would stand for ever, and no other would come
@@ -176,16 +166,13 @@ TEST(Logistics, AtTenPercentAUnitHaltsAndAtElevenItOnlyAsks)
     Supply_Board board;
     const int a = board.Place(BLUE, 255, 55), b = board.Place(BLUE, 355, 55), c = board.Place(BLUE, 455, 55);
     for (const int u : {a, b, c}) {
-        UNIT[u].SIZE = 0;   // consumes nothing
-        UNIT[u].MOVESTATUS = 2;
+        Give(UNIT[u], "SIZE 0, MOVESTATUS 2");   // SIZE: consumes nothing
     }
     UNIT[a].LOGSTATN = 10;
     UNIT[b].LOGSTATN = 11;
-    UNIT[c].LOGSTATN = 0;
-    UNIT[c].MOVESTATUS = 6;
+    Give(UNIT[c], "LOGSTATN 0, MOVESTATUS 6");
     Logistics_Phase();
-    EXPECT_EQ(UNIT[a].MOVESTATUS, 1);
-    EXPECT_EQ(UNIT[a].TACOPN, 1);
+    EXPECT_TRUE(Has(UNIT[a], "MOVESTATUS 1, TACOPN 1"));
     EXPECT_TRUE(Posted("B3: Out of Supply - Operations Halted!"));
     EXPECT_EQ(UNIT[b].MOVESTATUS, 2);
     EXPECT_TRUE(Posted("B4:  Request CSS resupply ASAP!"));
@@ -199,18 +186,12 @@ TEST(Logistics, AnAircraftOutOfSupplyLosesItsFlight)
 {
     Supply_Board board;
     const int u = board.Place(BLUE, 255, 55, 11);
-    UNIT[u].MOBILITY = 3;
-    UNIT[u].SIZE = 100;
-    UNIT[u].STATUS = 1;
-    UNIT[u].LOGSTATN = 11;
-    UNIT[u].MOVESTATUS = 9;
-    UNIT[u].TIMERM = 30;
+    Give(UNIT[u], "MOBILITY 3, SIZE 100, STATUS 1, LOGSTATN 11, MOVESTATUS 9, TIMERM 30");
     Logistics_Phase();
     EXPECT_EQ(UNIT[u].MOVESTATUS, 9);
     UNIT[u].LOGSTATN = 10;
     Logistics_Phase();
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 0);
-    EXPECT_EQ(UNIT[u].TIMERM, 0);
+    EXPECT_TRUE(Has(UNIT[u], "MOVESTATUS 0, TIMERM 0"));
     EXPECT_TRUE(Posted("B3: Landing now due to lack of fuel!"));
 }
 
@@ -223,10 +204,7 @@ TEST(Logistics, AReplacementMergesAUnitWithEverythingItHolds)
     UNIT[u].BRIDGING = 1;
     WSRO_Phase();
     EXPECT_EQ(UNIT[u].STATUS, 0);
-    EXPECT_EQ(UNIT[t].RCP2, 7.5f);
-    EXPECT_EQ(UNIT[t].STRENGTH, 75.0f);
-    EXPECT_EQ(UNIT[t].RSF, 6.0f);
-    EXPECT_EQ(UNIT[t].BRIDGING, 1);
+    EXPECT_TRUE(Has(UNIT[t], "RCP2 7.5, STRENGTH 75, RSF 6, BRIDGING 1"));
     EXPECT_TRUE(Posted("WSRO is complete!"));
     const int far = board.Place(BLUE, 100, 55);
     UNIT[far].WSRO = t;
@@ -237,8 +215,8 @@ TEST(Logistics, AReplacementMergesAUnitWithEverythingItHolds)
 TEST(Logistics, RegenerationGivesTwoPercentOfTheBasePowerUpToIt)
 {
     Supply_Board board;
-    UNIT[board.customer].RCP2 = 5;     // of 10
-    UNIT[board.depot].RCP2 = 0.99f;    // of 1
+    UNIT[board.customer].RCP2 = 5;    // of 10
+    UNIT[board.depot].RCP2 = 0.99f;   // of 1
     Regenerate(BLUE);
     EXPECT_FLOAT_EQ(UNIT[board.customer].RCP2, 5.2f);
     EXPECT_EQ(UNIT[board.customer].STRENGTH, 52.0f);
@@ -250,14 +228,14 @@ TEST(Supply, ByHandAUnitNeedsASupplierAndTheConvoyWaitsForItsRoute)
     Supply_Board board;
     ActiveSide = BLUE;
     EXPECT_EQ(Confirm_Resupply(board.depot, 5), 0);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "FROM the G-4|This Unit Must Have a Supporting Logistics Unit to Get Resupplied!"));
+    EXPECT_TRUE(board.SCREEN.Heard(
+        "box", "FROM the G-4|This Unit Must Have a Supporting Logistics Unit to Get Resupplied!"));
     UNIT[board.customer].LOGD = 33;
     EXPECT_EQ(Update_CSS(board.customer).TITLE, "Line-Haul Mission");
     EXPECT_EQ(Update_CSS(board.customer).REQUIRED, "Required:  3 /4");
     EXPECT_EQ(Update_CSS(board.customer).AVAILABLE, 100);
     const int row = Confirm_Resupply(board.customer, 7);
-    EXPECT_EQ(UNIT[row].LSF2, 7.0f);
-    EXPECT_EQ(UNIT[row].NUMBER_OF_NODES, 0);
+    EXPECT_TRUE(Has(UNIT[row], "LSF2 7, NUMBER_OF_NODES 0"));
     EXPECT_TRUE(board.SCREEN.Heard("box", "Please plot my route to this unit!"));
     UNIT[row].STATUS = 0;
     for (int u = 1; u <= 300; ++u) UNIT[u].STATUS = 2;
@@ -270,16 +248,12 @@ TEST(Arrivals, AUnitComesOnTheMapOnItsTurnOnly)
     Supply_Board board;
     const int u = board.Place(RED, 0, 0);
     Place_Off_Picture(u);
-    UNIT[u].OFFMAP = 1;
-    UNIT[u].ATIME = 3;
-    UNIT[u].ARX = 205;
-    UNIT[u].ARY = 105;
+    Give(UNIT[u], "OFFMAP 1, ATIME 3, ARX 205, ARY 105");
     Reinforcements_Phase();
     EXPECT_EQ(UNIT[u].OFFMAP, 1);
     GTURN = 3;
     Reinforcements_Phase();
-    EXPECT_EQ(UNIT[u].OFFMAP, 0);
-    EXPECT_EQ(UNIT[u].X, 205);
+    EXPECT_TRUE(Has(UNIT[u], "OFFMAP 0, X 205"));
     EXPECT_EQ(UNIT[u].HEXNUM, 20 * 30 + 11);
     EXPECT_TRUE(Posted("New unit arrives: R301"));
     EXPECT_EQ(UNIT[u].ATIME, 0);
@@ -292,11 +266,9 @@ TEST(Arrivals, LinesOfCommunicationAreMadeOncePerSideAndKeepTheirPlace)
     EXPECT_EQ(UNIT[300].NAME, "BLUE LOC");
     EXPECT_EQ(UNIT[600].X, 60);
     Place_Unit(300, 155, 155);
-    UNIT[300].RCP2 = 0.2f;
-    UNIT[300].NATION = "U.S.";
+    Give(UNIT[300], "RCP2 0.2, NATION U.S.");
     LOC_Phase();
-    EXPECT_EQ(UNIT[300].X, 155);
-    EXPECT_EQ(UNIT[300].RCP2, 1.0f);
+    EXPECT_TRUE(Has(UNIT[300], "X 155, RCP2 1"));
     EXPECT_EQ(UNIT[300].NATION, "");
     Remove_Unit(600);
     LOC_Phase();

@@ -1,5 +1,6 @@
 #include "core/seat.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "sustain/reports.h"
 #include "sustain/supply.h"
 
@@ -82,15 +83,13 @@ TEST(Supply, TheLevelFollowsAndStaysWithinItsField)
     const int u = board.Place(BLUE, 15, 15);
     UNIT[u].RSF2 = 0.1f;
     Consume_Supply(u, 4);   // 0.15 of 3 asked, 0.1 there
-    EXPECT_EQ(UNIT[u].RSF2, 0);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 0);
+    EXPECT_TRUE(Has(UNIT[u], "RSF2 0, LOGSTATN 0"));
     UNIT[u].RSF2 = 4.2f;   // an overfull unit: 4.05 / 3 = 135 %
     Consume_Supply(u, 4);
     EXPECT_EQ(UNIT[u].LOGSTATN, 135);
     UNIT[u].MOVESTATUS = 2;   // on the move the surplus is left behind, after the level was taken
     Consume_Supply(u, 4);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 130);
-    EXPECT_EQ(UNIT[u].RSF2, 3.0f);
+    EXPECT_TRUE(Has(UNIT[u], "LOGSTATN 130, RSF2 3"));
     UNIT[u].RSF = 0;
     Consume_Supply(u, 4);
     EXPECT_FLOAT_EQ(UNIT[u].RSF, 0.01f);
@@ -104,11 +103,9 @@ TEST(Supply, ADepotsLevelIsThatOfItsStock)
 {
     Board board(5, 5);
     const int u = board.Place(BLUE, 15, 15, 13);
-    UNIT[u].LSF = 1000;
-    UNIT[u].LSF2 = 1200;
+    Give(UNIT[u], "LSF 1000, LSF2 1200");
     Consume_Supply(u, 2);
-    EXPECT_EQ(UNIT[u].LSF2, 1000.0f);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 100);
+    EXPECT_TRUE(Has(UNIT[u], "LSF2 1000, LOGSTATN 100"));
     UNIT[u].LSF2 = 125;
     Consume_Supply(u, 2);
     EXPECT_EQ(UNIT[u].LOGSTATN, 12);   // 12.5, halves to even
@@ -135,8 +132,7 @@ TEST(Reports, AreNamedAndGoToTheUnitsOwnSide)
     Unit_Report(11, u);
     EXPECT_EQ(Messages(),
               (std::vector<std::string>{"R301: We are retreating!", "R301: My supported unit is destroyed!"}));
-    EXPECT_EQ(SITREPLIST[1].SIDE, RED);
-    EXPECT_EQ(SITREPLIST[1].Y, 25);
+    EXPECT_TRUE(Has(SITREPLIST[1], "SIDE RED, Y 25"));
     EXPECT_TRUE(board.SCREEN.Heard("status", "We are retreating!"));
     EXPECT_FALSE(board.SCREEN.Heard("status", "My supported unit"));
 }

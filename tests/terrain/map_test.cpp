@@ -2,6 +2,7 @@
 
 #include "persist/program_folder.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/scratch.h"
 #include "terrain/grid.h"
 
@@ -56,16 +57,10 @@ TEST_F(Map_Test, BridgesOfTheMapTakeFreeRowsAndKnownCellsTakeNone)
     EXPECT_EQ(HEXCOUNT, 6);
     EXPECT_TRUE(BOARD.SCREEN.Heard("status", "Battlefield Size: 2 x 3 kms"));
     // Cell 2 is row 2 of column 1: its corner is (10, 20), less 10.
-    EXPECT_EQ(BG[2].BGHEX, 2);
-    EXPECT_EQ(BG[2].BGX, 0);
-    EXPECT_EQ(BG[2].BGY, 10);
-    EXPECT_EQ(BG[2].BGTYPE, 7);
-    EXPECT_EQ(BG[2].BGSIDE, BOTH);
+    EXPECT_TRUE(Has(BG[2], "BGHEX 2, BGX 0, BGY 10, BGTYPE 7, BGSIDE BOTH"));
     EXPECT_EQ(Count_Used(BG, 1, MAX_BG), 3);
-    EXPECT_EQ(HEXMAP[5].TVALUE, 5);
-    EXPECT_EQ(HEXMAP[5].TNAME, "Blown Bridge");
-    EXPECT_EQ(HEXMAP[4].TVALUE, 22);
-    EXPECT_EQ(HEXMAP[4].TNAME, "Fortification");
+    EXPECT_TRUE(Has(HEXMAP[5], "TVALUE 5, TNAME Blown Bridge"));
+    EXPECT_TRUE(Has(HEXMAP[4], "TVALUE 22, TNAME Fortification"));
     EXPECT_EQ(HEXMAP[6].THIGH, 1);
 }
 
@@ -82,8 +77,7 @@ TEST_F(Map_Test, AnObstacleLiesOnTheBridgeWhateverTheOrderOfRows)
     Lay(1, 3, 8, RED);
     Lay(2, 3, 7, BLUE);   // built over the river of cell 3
     ASSERT_TRUE(Prepare_Map());
-    EXPECT_EQ(HEXMAP[3].TVALUE, 18);   // 7 + 11
-    EXPECT_EQ(HEXMAP[3].TNAME, "Obstacle");
+    EXPECT_TRUE(Has(HEXMAP[3], "TVALUE 18, TNAME Obstacle"));   // TVALUE: 7 + 11
 }
 
 TEST_F(Map_Test, EachLoadStartsFromTheBaseTerrain)
@@ -110,12 +104,9 @@ TEST_F(Map_Test, UnitsStandOnTheirTerrainAndPassengersLeaveThePicture)
     const int beyond = BOARD.Place(RED, 5, 5);
     UNIT[lift].PASSENGER = aboard;
     UNIT[aboard].CARRIER = UNIT[waiting].CARRIER = lift;
-    UNIT[beyond].X = 20;   // the picture ends at 19
-    UNIT[beyond].TERTYPE = 4;
+    Give(UNIT[beyond], "X 20, TERTYPE 4");   // X: the picture ends at 19
     ASSERT_TRUE(Prepare_Map());
-    EXPECT_EQ(UNIT[aboard].X, -1000);
-    EXPECT_EQ(UNIT[aboard].Y, -1000);
-    EXPECT_EQ(UNIT[aboard].HEXNUM, 0);
+    EXPECT_TRUE(Has(UNIT[aboard], "X -1000, Y -1000, HEXNUM 0"));
     EXPECT_EQ(UNIT[waiting].TERTYPE, 1);
     EXPECT_EQ(UNIT[red].TERTYPE, 5);
     EXPECT_EQ(UNIT[beyond].TERTYPE, 4);
@@ -286,16 +277,13 @@ TEST(Terrain_Tools, SetValueNameAndElevation)
     Board board(2, 2);
     const int unit = board.Place(BLUE, 5, 5);
     Assign_Terrain(1, 232, "S. Restricted");
-    EXPECT_EQ(HEXMAP[1].TVALUE, 2);
-    EXPECT_EQ(HEXMAP[1].TNAME, "S. Restricted");
+    EXPECT_TRUE(Has(HEXMAP[1], "TVALUE 2, TNAME S. Restricted"));
     EXPECT_EQ(UNIT[unit].TERTYPE, 2);
     Assign_Terrain(1, 241, "High");
-    EXPECT_EQ(HEXMAP[1].THIGH, 1);
-    EXPECT_EQ(HEXMAP[1].TNAME, "High");
+    EXPECT_TRUE(Has(HEXMAP[1], "THIGH 1, TNAME High"));
     Assign_Terrain(1, 242, "Low");
     Assign_Terrain(1, 230, "Unrestricted");
-    EXPECT_EQ(HEXMAP[1].THIGH, 0);
-    EXPECT_EQ(HEXMAP[1].TVALUE, 0);
+    EXPECT_TRUE(Has(HEXMAP[1], "THIGH 0, TVALUE 0"));
     EXPECT_TRUE(HEXMAP[1].TNAME.Empty());
     Assign_Terrain(2, 240, "Deep Water");
     EXPECT_EQ(HEXMAP[2].TVALUE, 10);

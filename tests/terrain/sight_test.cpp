@@ -1,6 +1,7 @@
 #include "terrain/sight.h"
 
 #include "support/board.h"
+#include "support/fields.h"
 #include "terrain/grid.h"
 
 #include <gtest/gtest.h>
@@ -70,8 +71,7 @@ TEST(Line_Of_Sight_Test, ANearTargetGetsOneSampleAndSamplesOffThePictureAreSkipp
     const int unit = board.Place(BLUE, 18, 8);
     EXPECT_EQ(Line_Of_Sight(unit, 21, 8), 1);   // 3 pixels, one sample, in the high cell
     // 4 cells up from row 1: samples at y -2, -12 ... are off the picture.
-    UNIT[unit].X = 25;
-    UNIT[unit].Y = 15;
+    Give(UNIT[unit], "X 25, Y 15");
     UNIT[unit].HEXNUM = Hex_Number(25, 15);
     EXPECT_EQ(Line_Of_Sight(unit, 65, -35), 0);   // 64 pixels: 6 steps of 6.67 and -8.33; 6 - 3 - 1 = cell 2
 }
