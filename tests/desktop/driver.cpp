@@ -81,7 +81,7 @@ void Player::Wait(int milliseconds)
 
 bool Player::Press(const char* name)
 {
-    auto* button = window_->findChild<QPushButton*>(QString::fromLatin1(name));
+    auto* button = Find<QPushButton>(name);
     if (button == nullptr || !button->isVisible() || !button->isEnabled()) return false;
     button->click();
     Wait();
@@ -145,20 +145,25 @@ void Player::Drag(QPoint from, QPoint to, Qt::MouseButton button)
 void Player::Answer(const std::string& button) { answers_.emplace_back(false, button); }
 void Player::Answer_File(const std::string& file) { answers_.emplace_back(true, file); }
 
+/// The next answer when it is of this kind; otherwise none, and the dialog was unexpected.
+std::string Player::Answer_To(bool file)
+{
+    if (answers_.empty() || answers_.front().first != file) {
+        ++UNEXPECTED;
+        return {};
+    }
+    const std::string answer = answers_.front().second;
+    answers_.erase(answers_.begin());
+    return answer;
+}
+
 void Player::Meet_Dialogs()
 {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (dialog == nullptr || !dialog->isVisible()) return;
-    auto* files = qobject_cast<QFileDialog*>(dialog);
-    if (files != nullptr) {
+    if (auto* files = qobject_cast<QFileDialog*>(dialog); files != nullptr) {
         TOLD.push_back(From_Screen(files->windowTitle()));
-        if (answers_.empty() || !answers_.front().first) {
-            ++UNEXPECTED;
-            files->reject();
-            return;
-        }
-        const std::string file = answers_.front().second;
-        answers_.erase(answers_.begin());
+        const std::string file = Answer_To(true);
         if (file.empty()) {
             files->reject();
             return;
@@ -170,25 +175,25 @@ void Player::Meet_Dialogs()
     }
     if (const auto* words = dialog->findChild<QLabel*>(QStringLiteral("lblMessage")); words != nullptr)
         TOLD.push_back(From_Screen(words->text()));
-    if (answers_.empty() || answers_.front().first) {
-        ++UNEXPECTED;
-        dialog->reject();
-        return;
-    }
-    const QString name = QStringLiteral("button") + QString::fromStdString(answers_.front().second);
-    answers_.erase(answers_.begin());
+    const QString name = QStringLiteral("button") + QString::fromStdString(Answer_To(false));
     if (auto* button = dialog->findChild<QPushButton*>(name); button != nullptr)
         button->click();
     else
         dialog->reject();
 }
 
-void Player::Open(const std::string& file)
+void Player::Open(const std::string& file, int type)
 {
     Answer("Yes");
     Answer_File(file.empty() ? SCENARIO : file);
-    Press("optGameType0");
-    Wait(30);
+    Press(("optGameType" + std::to_string(type)).c_str());
+    Wait(50);
+}
+
+void Player::Look_At(double zoom, int x, int y)
+{
+    Map().Set_Zoom(zoom, QPointF(x, y));
+    Map().Go_To(x, y);
 }
 
 void Player::Wheel(QPoint at, int notches)
@@ -209,20 +214,14 @@ void Player::Screenshot_Of(QWidget& widget, const std::string& name)
 void Player::Screenshot(const std::string& name)
 {
     Wait(30);
-    const std::filesystem::path folder(STONEMARCH_SCREENSHOTS);
-    std::filesystem::create_directories(folder);
-    window_->grab().save(Path_To_Screen((folder / (name + ".png")).string()));
+    Screenshot_Of(*window_, name);
 }
 
-QString Player::Text_Of(const char* label)
-{
-    const auto* found = window_->findChild<QLabel*>(QString::fromLatin1(label));
-    return found != nullptr ? found->text() : QString();
-}
+std::string Player::Text_Of(const char* label) { return From_Screen(Find<QLabel>(label)->text()); }
 
-std::vector<std::string> Player::Clipped_Texts()
+std::string Player::Clipped_Texts()
 {
-    std::vector<std::string> clipped;
+    std::string clipped;
     const auto check = [&](const QWidget* widget, const QString& text, int room) {
         if (text.isEmpty() || !widget->isVisibleTo(window_.get())) return;
         int widest = 0;
@@ -233,8 +232,8 @@ std::vector<std::string> Player::Clipped_Texts()
             !widget->parentWidget()->rect().contains(widget->geometry());
         const bool low = widget->height() < widget->fontMetrics().height() - 2;
         if (widest > room || outside || low)
-            clipped.push_back(From_Screen(text) + " (" + std::to_string(widest) + " in " + std::to_string(room) +
-                              (outside ? ", outside" : "") + (low ? ", low" : "") + ")");
+            clipped += From_Screen(text) + " (" + std::to_string(widest) + " in " + std::to_string(room) +
+                       (outside ? ", outside" : "") + (low ? ", low" : "") + ")\n";
     };
     for (const QLabel* label : window_->findChildren<QLabel*>()) {
         if (label->wordWrap() || label->objectName() == QLatin1String("lblStatus"))

@@ -13,10 +13,6 @@
 #include <string>
 #include <vector>
 
-class QDialog;
-class QLabel;
-class QWidget;
-
 namespace sm::test {
 
 /// The window at one of its sizes over a program folder of its own, at the list of game types.
@@ -48,21 +44,29 @@ public:
     std::vector<std::string> TOLD;   ///< texts of the dialogs that came
     int UNEXPECTED = 0;
 
-    /// Opens the small battle as a hot-seat game, Blue to plan; or another file.
-    void Open(const std::string& file = {});
+    /// Opens the small battle as a hot-seat game, Blue to plan; or another file or game type.
+    void Open(const std::string& file = {}, int type = 0);
+    void Look_At(double zoom, int x, int y);   ///< picture pixels
     void Wheel(QPoint at, int notches);
     /// Saves what the window shows as screenshots/<name>.png.
     void Screenshot(const std::string& name);
     void Screenshot_Of(QWidget& widget, const std::string& name);
-    /// Labels and buttons that are seen but cannot show all of their text.
-    std::vector<std::string> Clipped_Texts();
-    QString Text_Of(const char* label);
+    /// Labels and buttons that are seen but cannot show all of their text, a line each.
+    std::string Clipped_Texts();
+    std::string Text_Of(const char* label);
+    bool Shows(const char* name) { return Find<QWidget>(name)->isVisible(); }
+    template <class Widget>
+    Widget* Find(const char* name)
+    {
+        return window_->findChild<Widget*>(QString::fromLatin1(name));
+    }
 
     Scratch_Home HOME;
     std::string SCENARIO;
 
 private:
     void Meet_Dialogs();
+    std::string Answer_To(bool file);
     class Hurried_Window;
     std::unique_ptr<desktop::Main_Window> window_;
     std::vector<std::pair<bool, std::string>> answers_;   // whether a file

@@ -37,18 +37,9 @@ void Post_Many()
         "2-6 Mech is at it's final destination!",
         "NBC MESSAGE: Persistent agent reported!",
     };
+    static constexpr int SIDES[] = {BLUE, RED, BOTH};
     for (int n = 0; n < 288; ++n)   // a number of three digits beside the title
-        Post_Message(2 + n % 4, TEXTS[n % 6], 400 + n % 24 * 6, 430 + n % 24 * 5, 0,
-                     n % 5 == 0   ? BOTH
-                     : n % 2 == 0 ? BLUE
-                                  : RED);
-}
-
-std::string Clipped(Player& player)
-{
-    std::string text;
-    for (const std::string& line : player.Clipped_Texts()) text += line + "\n";
-    return text;
+        Post_Message(2 + n % 4, TEXTS[n % 6], 400 + n % 24 * 6, 430 + n % 24 * 5, 0, SIDES[n % 3]);
 }
 
 }   // namespace
@@ -61,7 +52,7 @@ TEST(Looks, ReportsAtEverySizeShowWithoutClippedText)
         Post_Many();
         player.Choose(Cmd::VIEW_ALL);
         player.Screenshot("reports-" + std::to_string(size.width()));
-        EXPECT_EQ(Clipped(player), "");
+        EXPECT_EQ(player.Clipped_Texts(), "");
     }
 }
 
@@ -71,8 +62,7 @@ TEST(Looks, NightOverlaysAndLongLinesStayReadable)
     player.Open();
     GTIME = "2300";
     Update_Header();
-    player.Map().Set_Zoom(1.6, QPointF(400, 300));
-    player.Map().Go_To(500, 490);
+    player.Look_At(1.6, 500, 490);
     UNIT_RECORD& u = UNIT[4];
     u.NAME = "1st Bn 27th Fd Arty W";
     u.STATUS = 1;
@@ -91,7 +81,7 @@ TEST(Looks, NightOverlaysAndLongLinesStayReadable)
     player.Click(390, 500);
     ASSERT_EQ(SelUnit, 4);
     player.Screenshot("night");
-    EXPECT_EQ(Clipped(player), "");
+    EXPECT_EQ(player.Clipped_Texts(), "");
     player.Choose(Cmd::OVERLAY_1);
     player.Screenshot("night-overlay-1");
     GTIME = "1100";
@@ -126,22 +116,24 @@ TEST(Looks, SheetsAndBoxes)
     Player player;
     player.Open();
     player.Click(405, 440);
-    const auto shoot = [&](const char* name, const char* sheet) {
+    const struct {
+        Cmd ID;
+        const char *NAME, *SHEET;
+    } sheets[] = {
+        {Cmd::UNIT_REPORT, "sheet-unit", "sheet Unit Status Report"},
+        {Cmd::GAME_DATA, "sheet-data", "sheet Game Data"},
+        {Cmd::HELP_KEYS, "sheet-keys", "sheet Keyboard Commands"},
+        {Cmd::HELP_TURN, "sheet-help", "sheet Game Setup Instructions"},
+    };
+    for (const auto& s : sheets) {
+        player.Choose(s.ID);
         player.Wait(30);
-        auto* dialog = player.Window().findChild<QDialog*>(QString::fromLatin1(sheet));
-        ASSERT_NE(dialog, nullptr) << sheet;
-        player.Screenshot_Of(*dialog, name);
+        auto* dialog = player.Find<QDialog>(s.SHEET);
+        ASSERT_NE(dialog, nullptr) << s.SHEET;
+        player.Screenshot_Of(*dialog, s.NAME);
         dialog->close();
         player.Wait(10);
-    };
-    player.Choose(Cmd::UNIT_REPORT);
-    shoot("sheet-unit", "sheet Unit Status Report");
-    player.Choose(Cmd::GAME_DATA);
-    shoot("sheet-data", "sheet Game Data");
-    player.Choose(Cmd::HELP_KEYS);
-    shoot("sheet-keys", "sheet Keyboard Commands");
-    player.Choose(Cmd::HELP_TURN);
-    shoot("sheet-help", "sheet Game Setup Instructions");
+    }
 
     const auto shoot_modal = [&](const char* name) {
         QTimer::singleShot(0, &player.Window(), [&player, name] {
@@ -170,9 +162,9 @@ TEST(Looks, SheetsAndBoxes)
 TEST(Looks, TheStockScenarioIsReadInFullUnitByUnit)
 {
     Player player(QSize(1024, 768));
-    std::filesystem::copy_file(std::filesystem::path(STONEMARCH_HOME_DIR) / "Scenarios" / "Saale Crossing.sce",
-                               player.HOME / "Scenarios" / "Saale Crossing.sce");
-    player.Open((player.HOME / "Scenarios" / "Saale Crossing.sce").string());
+    const auto stock = player.HOME / "Scenarios" / "Saale Crossing.sce";
+    std::filesystem::copy_file(STONEMARCH_HOME_DIR "/Scenarios/Saale Crossing.sce", stock);
+    player.Open(stock.string());
     ASSERT_EQ(GameLoaded, -1);
     player.Screenshot("stock-blue");
     std::string cut;
@@ -180,7 +172,7 @@ TEST(Looks, TheStockScenarioIsReadInFullUnitByUnit)
         if (UNIT[u].STATUS < 1) continue;
         Get_Unit(u);
         player.Wait(1);
-        cut += Clipped(player);
+        cut += player.Clipped_Texts();
         for (const QLabel* label : player.Window().findChildren<QLabel*>())
             if (label->isVisible() && label->text().contains(QChar(0x2026)))
                 cut += label->text().toStdString() + "\n";

@@ -3,7 +3,6 @@
 #include "core/game_state.h"
 #include "core/seat.h"
 #include "desktop/map/map_view.h"
-#include "support/places.h"
 #include "ui/desk.h"
 
 #include <QTimer>
@@ -20,13 +19,6 @@ std::string Name(const char* what, QSize size) { return std::to_string(size.widt
 
 class Newcomer : public testing::TestWithParam<QSize> {};
 
-std::string Joined(const std::vector<std::string>& lines)
-{
-    std::string text;
-    for (const std::string& line : lines) text += line + "\n";
-    return text;
-}
-
 }   // namespace
 
 TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
@@ -35,23 +27,20 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
     Player player(size);
     const auto look = [&](const char* what) {
         player.Screenshot(Name(what, size));
-        EXPECT_EQ(Joined(player.Clipped_Texts()), "") << what;
+        EXPECT_EQ(player.Clipped_Texts(), "") << what;
     };
     EXPECT_EQ(player.Window().size(), size);
     look("1-start");
 
-    player.Answer("Yes");
-    player.Answer_File(player.SCENARIO);
-    ASSERT_TRUE(player.Press("optGameType0"));
-    player.Wait(50);
+    player.Open();
     ASSERT_EQ(GameLoaded, -1);
     EXPECT_EQ(player.Window().windowTitle(), QStringLiteral("Stonemarch -- Two-Player Hotseat"));
     look("2-loaded");
 
-    player.Map().Set_Zoom(2, QPointF(400, 300));
-    player.Map().Go_To(500, 500);
+    player.Look_At(2, 500, 500);
     player.Click(405, 440);
     ASSERT_EQ(SelUnit, 2);
+    EXPECT_EQ(player.Text_Of("lblUnitName"), "UNIT: 1-35 Armor");
     look("3-selected");
 
     ASSERT_TRUE(player.Choose(Cmd::PLOT));
@@ -79,8 +68,7 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
     look("6-red");
 
     const int blue_x = UNIT[2].X, red_x = UNIT[302].X;
-    player.Map().Set_Zoom(1.5, QPointF(400, 300));
-    player.Map().Go_To(500, 490);
+    player.Look_At(1.5, 500, 490);
     // In the middle of the march a picture of it is taken.
     bool seen = false;
     QTimer watch;
@@ -88,8 +76,7 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
         if (!SEAT.TurnRunning || UNIT[2].X <= blue_x + 12) return;
         watch.stop();
         seen = true;
-        player.Window().grab().save(
-            QString::fromStdString(std::string(STONEMARCH_SCREENSHOTS) + "/" + Name("7-march", size) + ".png"));
+        player.Screenshot_Of(player.Window(), Name("7-march", size));
     });
     watch.start(20);
     ASSERT_TRUE(player.Choose(Cmd::GO));
@@ -100,10 +87,11 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
     EXPECT_LT(UNIT[302].X, red_x);
     look("8-after");
 
-    player.Answer_File((player.HOME / "Saved Games" / "evening.btl").string());
+    const auto evening = player.HOME / "Saved Games" / "evening.btl";
+    player.Answer_File(evening.string());
     player.Answer("OK");
     ASSERT_TRUE(player.Choose(Cmd::SAVE));
-    ASSERT_TRUE(std::filesystem::exists(player.HOME / "Saved Games" / "evening.btl"));
+    ASSERT_TRUE(std::filesystem::exists(evening));
     const int here = UNIT[2].X;
 
     player.Answer("Yes");
@@ -113,7 +101,7 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
     DESK.CLOSED = false;
     player.Window().show();
     ASSERT_TRUE(player.Choose(Cmd::RETURN));
-    player.Answer_File((player.HOME / "Saved Games" / "evening.btl").string());
+    player.Answer_File(evening.string());
     ASSERT_TRUE(player.Press("optGameType0"));
     player.Wait(50);
     ASSERT_EQ(GameLoaded, -1);

@@ -19,14 +19,9 @@ namespace {
 
 class Recorder : public Window {
 public:
-    int CENTRED = 0, X = 0, COLUMNS = 0;
+    int X = 0;
     std::vector<std::string> LINES;
-    void Centre_Map(int x, int) override
-    {
-        ++CENTRED;
-        X = x;
-    }
-    void Scroll_Map(int columns, int) override { COLUMNS += columns; }
+    void Centre_Map(int x, int) override { X = x; }
     void Show_Lines(std::string_view, const std::vector<std::string>& lines) override { LINES = lines; }
 };
 
@@ -57,19 +52,21 @@ protected:
 
 TEST_F(Planning, ClickingAPileAgainGoesThroughAllOfItAndRound)
 {
-    const int a = Shown(BLUE, 100, 100), b = Shown(BLUE, 104, 100), c = Shown(RED, 100, 104);
-    ASSERT_TRUE(Select_At(103, 100, 12));
-    EXPECT_EQ(SelUnit, b);   // the nearest first
-    std::set<int> seen{SelUnit};
-    for (int n = 0; n < 2; ++n) {
-        Select_At(103, 100, 12);
+    const int a = Shown(BLUE, 100, 100), b = Shown(BLUE, 104, 100), c = Shown(RED, 100, 104),
+              beside = Shown(BLUE, 130, 100);
+    std::set<int> seen;
+    for (const bool first : {true, false, false, true}) {
+        ASSERT_TRUE(Select_At(103, 100, 12));
+        EXPECT_EQ(SelUnit == b, first);   // the nearest first
         seen.insert(SelUnit);
     }
     EXPECT_EQ(seen, (std::set<int>{a, b, c}));
-    Select_At(103, 100, 12);
-    EXPECT_EQ(SelUnit, b);
     Hide_Picture(c);
     EXPECT_EQ(Units_At(103, 100, 12), (std::vector<int>{b, a}));
+    Select_At(130, 100, 40);   // another place: not "the next of the pile" but the nearest
+    EXPECT_EQ(SelUnit, beside);
+    EXPECT_FALSE(Select_At(300, 300, 12));
+    EXPECT_EQ(SelUnit, beside);
 }
 
 TEST_F(Planning, WhatStandsOffTheMapIsNeitherShownNorPicked)
@@ -115,17 +112,6 @@ TEST_F(Planning, TheOverlayButtonNamesTheNextChoice)
     }
 }
 
-TEST_F(Planning, AClickBesideThePilePicksTheNearestAgain)
-{
-    const int a = Shown(BLUE, 100, 100), b = Shown(BLUE, 110, 100);
-    Select_At(100, 100, 12);
-    EXPECT_EQ(SelUnit, a);
-    Select_At(110, 100, 12);   // another place: not "the next of the pile" but the one clicked
-    EXPECT_EQ(SelUnit, b);
-    EXPECT_FALSE(Select_At(300, 300, 12));
-    EXPECT_EQ(SelUnit, b);
-}
-
 TEST_F(Planning, SelectingChangesNothingOfTheGame)
 {
     const int u = Shown(BLUE, 100, 100);
@@ -145,19 +131,16 @@ TEST_F(Planning, NextAndLastWalkTheUsedUnitsOfTheSideRoundTheEnd)
     const int a = Shown(BLUE, 100, 100), b = Shown(BLUE, 200, 100), c = Shown(BLUE, 300, 100);
     Shown(RED, 400, 100);
     UNIT[b].STATUS = 0;
-    Run_Command(Cmd::NEXT_UNIT);
-    EXPECT_EQ(SelUnit, a);
-    EXPECT_EQ(WINDOW.X, 100);   // the map follows
-    Run_Command(Cmd::NEXT_UNIT);
-    EXPECT_EQ(SelUnit, c);
-    Run_Command(Cmd::NEXT_UNIT);
-    EXPECT_EQ(SelUnit, a);
-    Run_Command(Cmd::LAST_UNIT);
-    EXPECT_EQ(SelUnit, c);
-    WINDOW.CENTRED = 0;
+    const std::pair<Cmd, int> steps[] = {
+        {Cmd::NEXT_UNIT, a}, {Cmd::NEXT_UNIT, c}, {Cmd::NEXT_UNIT, a}, {Cmd::LAST_UNIT, c}};
+    for (const auto& [step, unit] : steps) {
+        Run_Command(step);
+        EXPECT_EQ(SelUnit, unit);
+        EXPECT_EQ(WINDOW.X, UNIT[unit].X);   // the map follows
+    }
     Run_Command(Cmd::CENTRING_OFF);
     Run_Command(Cmd::NEXT_UNIT);
-    EXPECT_EQ(WINDOW.CENTRED, 0);
+    EXPECT_EQ(WINDOW.X, 300);
 }
 
 TEST_F(Planning, OrdersGoToUnitsOfTheServingSideOnly)
@@ -165,25 +148,18 @@ TEST_F(Planning, OrdersGoToUnitsOfTheServingSideOnly)
     Shown(BLUE, 100, 100);
     const int red = Shown(RED, 200, 100);
     Get_Unit(red);
-    EXPECT_FALSE(Command_Allowed(Cmd::PLOT));
+    EXPECT_FALSE(Run_Command(Cmd::PLOT));
     const int facing = UNIT[red].FACING;
     EXPECT_FALSE(Run_Command(Cmd::TURN_LEFT));
     EXPECT_EQ(UNIT[red].FACING, facing);
     MapMode = MODE_PLOT;
     EXPECT_EQ(Map_Order_Click(250, 100), Order_Click::NOTHING);
     EXPECT_EQ(UNIT[red].NUMBER_OF_NODES, 0);
-}
-
-TEST_F(Planning, WithNoSideServingOnlyTheEditorOrders)
-{
-    const int blue = Shown(BLUE, 100, 100);
     ActiveSide = PlanSide = BOTH;
-    Get_Unit(blue);
     EXPECT_FALSE(Run_Command(Cmd::PLOT));
     EXPECT_FALSE(Run_Command(Cmd::NEXT_UNIT));
-    UserSide = 5;
+    UserSide = 5;   // the editor orders both
     EXPECT_TRUE(Run_Command(Cmd::PLOT));
-    EXPECT_EQ(MapMode, MODE_PLOT);
 }
 
 TEST_F(Planning, ARightClickWithNothingPendingOffersTheMenu)
@@ -246,19 +222,19 @@ TEST_F(Planning, EscapeGoesBackStepByStepAndAsksLast)
 
 TEST_F(Planning, OptionsSetTheirValueAndSaySo)
 {
-    Run_Command(Cmd::TURN_15);
-    EXPECT_EQ(TurnLength, 2);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "We are now playing 15 minute turns!"));
-    Run_Command(Cmd::TURN_ONE_HOUR);
-    EXPECT_EQ(TurnLength, 1);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "We are now playing one hour turns!"));
-    Run_Command(Cmd::TURN_TWO_HOURS);
-    EXPECT_EQ(TurnLength, 0);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "We are now playing two hour turns!"));
-    Run_Command(Cmd::ELINT_DETAILED);
+    const std::pair<Cmd, const char*> told[] = {
+        {Cmd::TURN_15, "We are now playing 15 minute turns!"},
+        {Cmd::TURN_ONE_HOUR, "We are now playing one hour turns!"},
+        {Cmd::TURN_TWO_HOURS, "We are now playing two hour turns!"},
+        {Cmd::ELINT_DETAILED, "ELINT model has been set to detailed."},
+    };
+    int length = 2;
+    for (const auto& [option, words] : told) {
+        Run_Command(option);
+        EXPECT_EQ(TurnLength, std::max(length--, 0));
+        EXPECT_TRUE(board.SCREEN.Heard("box", words));
+    }
     EXPECT_EQ(ELINTDetail, 1);
-    EXPECT_TRUE(board.SCREEN.Heard("box", "ELINT model has been set to detailed."));
-
     board.SCREEN.ANSWERS = {false, true};
     Run_Command(Cmd::SPEED_FAST);
     EXPECT_EQ(MessageDelay, 2000.0f);
@@ -291,13 +267,12 @@ TEST_F(Planning, MOPPIsOrderedReportedAndTellsNothingToTheEnemy)
 {
     const int u = Shown(BLUE, 100, 100);
     Get_Unit(u);
-    Run_Command(Cmd::MOPP_4);
-    EXPECT_EQ(UNIT[u].MOPP, 4);
-    EXPECT_EQ(Messages().back(), "B1 is going to MOPP 4!");
-    EXPECT_EQ(SITREPLIST[SitrepCount].SIDE, BLUE);
-    Run_Command(Cmd::MOPP_2);
-    EXPECT_EQ(UNIT[u].MOPP, 2);
-    EXPECT_EQ(Messages().back(), "B1 is going to MOPP 2!");
+    for (const auto& [order, level] : {std::pair{Cmd::MOPP_4, 4}, std::pair{Cmd::MOPP_2, 2}}) {
+        Run_Command(order);
+        EXPECT_EQ(UNIT[u].MOPP, level);
+        EXPECT_EQ(Messages().back(), Cat("B1 is going to MOPP ", To_Text(level), "!"));
+        EXPECT_EQ(SITREPLIST[SitrepCount].SIDE, BLUE);
+    }
 }
 
 TEST_F(Planning, TheReportRefusesConvoys)

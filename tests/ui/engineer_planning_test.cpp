@@ -2,6 +2,7 @@
 
 #include "core/invariants.h"
 #include "support/board.h"
+#include "support/march.h"
 #include "terrain/grid.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +24,6 @@ struct Engineers {
         BFORTSMAX = 2;
         ENGINEER = BOARD.Place(BLUE, 35, 35, 14);
     }
-    bool Told(const char* text) const { return BOARD.SCREEN.Heard("box", text); }
 };
 
 /// Blue sets up its works before turn 1.
@@ -48,10 +48,8 @@ struct Set_Up {
 TEST(Fortify, AnEngineerBeginsToDigAndDropsItsRoute)
 {
     Engineers e;
+    ASSERT_EQ(Plot(e.ENGINEER, {{25, 35}}), 1);
     UNIT[e.ENGINEER].MOVESTATUS = 2;
-    UNIT[e.ENGINEER].NUMBER_OF_NODES = 1;
-    MN[1].MNUNIT = e.ENGINEER;
-    MN[1].MNUNITNUMBER = 1;
     EXPECT_TRUE(cmdFort_Click(e.ENGINEER));
     EXPECT_EQ(UNIT[e.ENGINEER].TIMEREGR, 6);
     EXPECT_EQ(UNIT[e.ENGINEER].MOVESTATUS, 0);
@@ -68,32 +66,37 @@ TEST(Fortify, RefusalsComeInTheirOrderAndChangeNothing)
     UNIT_RECORD& u = UNIT[e.ENGINEER];
     const auto refused = [&](const char* text) {
         e.BOARD.SCREEN.TOLD.clear();
-        const bool done = cmdFort_Click(e.ENGINEER);
-        return !done && e.Told(text) && BFORTS == 0;
+        EXPECT_FALSE(cmdFort_Click(e.ENGINEER)) << text;
+        EXPECT_TRUE(e.BOARD.SCREEN.Heard("box", text)) << text;
     };
-    u.FIREMISSION = 1;
-    EXPECT_TRUE(refused("From Engineer:|This engineer unit already has a mission!"));
-    u.TYPE = 5;   // tanks without engineers
-    EXPECT_TRUE(refused("From Engineer:|Only combat-effective engineer units can perform this function!"));
-    GTURN = 0;
-    EXPECT_TRUE(refused("Use the Graphics Menu to emplace fortifications during game start-up!"));
-    u.TIMEREGR = 2;
-    EXPECT_TRUE(refused("This engineer unit already has a mission!"));
-    u.STATUS = 1;
-    EXPECT_TRUE(refused("Only combat-effective engineer units can perform this function!"));
-    u.TYPE = 14;
-    u.STATUS = 2;
-    u.TIMEREGR = u.FIREMISSION = 0;
-    BFORTS = 2;
-    e.BOARD.SCREEN.TOLD.clear();
-    EXPECT_FALSE(cmdFort_Click(e.ENGINEER));
-    EXPECT_TRUE(e.Told("From Engineer:|We have no more fortification material left!"));
+    const struct {
+        int FIREMISSION, TYPE, TURN, TIMEREGR, STATUS, USED;
+        const char* TEXT;
+    } refusals[] = {
+        {1, 14, 3, 0, 2, 0, "From Engineer:|This engineer unit already has a mission!"},
+        {1, 5, 3, 0, 2, 0, "From Engineer:|Only combat-effective engineer units can perform this function!"},
+        {1, 5, 0, 0, 2, 0, "Use the Graphics Menu to emplace fortifications during game start-up!"},
+        {1, 5, 0, 2, 2, 0, "This engineer unit already has a mission!"},
+        {1, 5, 0, 2, 1, 0, "Only combat-effective engineer units can perform this function!"},
+        {0, 14, 3, 0, 2, 2, "From Engineer:|We have no more fortification material left!"},
+    };
+    for (const auto& r : refusals) {
+        u.FIREMISSION = r.FIREMISSION;
+        u.TYPE = r.TYPE;
+        GTURN = r.TURN;
+        u.TIMEREGR = r.TIMEREGR;
+        u.STATUS = r.STATUS;
+        BFORTS = r.USED;
+        refused(r.TEXT);
+        EXPECT_EQ(BFORTS, r.USED);
+    }
     BFORTS = 0;
     for (const Point p : {Point{15, 5}, Point{15, 15}}) {   // sea, bridge
         Place_Unit(e.ENGINEER, p.X, p.Y);
         u.TIMEREGR = 5;
-        EXPECT_TRUE(refused("Fortifications cannot built on this type of terrain!"));
+        refused("Fortifications cannot built on this type of terrain!");
         EXPECT_EQ(u.TIMEREGR, 0);   // work begun elsewhere is lost
+        EXPECT_EQ(BFORTS, 0);
     }
     ActiveSide = RED;
     e.BOARD.SCREEN.TOLD.clear();
@@ -200,20 +203,24 @@ TEST(Works, AClickPlacesAWorkAndBooksIt)
 TEST(Works, AToolIsRefusedOnTheWrongGroundAndWhenNothingIsLeft)
 {
     Set_Up s;
-    const auto refused = [&](int tool, int column, int row, const char* text) {
-        s.BOARD.SCREEN.TOLD.clear();
-        const bool placed = s.Put(tool, column, row);
-        return !placed && s.BOARD.SCREEN.Heard("box", text);
+    const struct {
+        int ALLOWED, TOOL, COLUMN, ROW;
+        const char* TEXT;
+    } refusals[] = {
+        {1, 237, 1, 1, "From Engineer:|This tool cannot be used with this type of terrain"},
+        {1, 238, 1, 3, "From Engineer:|This tool cannot be used with this type of terrain"},   // sea
+        {1, 239, 3, 2, "From Engineer:|This tool cannot be used with this type of terrain"},   // bridge
+        {0, 237, 3, 1, "From Engineer:|We have no more bridges left!"},
+        {0, 238, 1, 1, "From Engineer:|We have no more obstacles left!"},
+        {0, 239, 1, 1, "From Engineer:|We have no more fortification material left!"},
     };
-    const char* ground = "From Engineer:|This tool cannot be used with this type of terrain";
-    EXPECT_TRUE(refused(237, 1, 1, ground));
-    EXPECT_TRUE(refused(238, 1, 3, ground));   // sea
-    EXPECT_TRUE(refused(239, 3, 2, ground));   // bridge
-    EXPECT_EQ(BBNOW + BOBST + BFORTS, 0);
-    BBMAX = BOBSTMAX = BFORTSMAX = 0;
-    EXPECT_TRUE(refused(237, 3, 1, "From Engineer:|We have no more bridges left!"));
-    EXPECT_TRUE(refused(238, 1, 1, "From Engineer:|We have no more obstacles left!"));
-    EXPECT_TRUE(refused(239, 1, 1, "From Engineer:|We have no more fortification material left!"));
+    for (const auto& r : refusals) {
+        BBMAX = BOBSTMAX = BFORTSMAX = r.ALLOWED;
+        s.BOARD.SCREEN.TOLD.clear();
+        EXPECT_FALSE(s.Put(r.TOOL, r.COLUMN, r.ROW)) << r.TOOL;
+        EXPECT_TRUE(s.BOARD.SCREEN.Heard("box", r.TEXT)) << r.TOOL;
+        EXPECT_EQ(BBNOW + BOBST + BFORTS, 0);
+    }
     EXPECT_EQ(Count_Used(BG, 1, MAX_BG), 0);
     GTURN = 1;
     s.BOARD.SCREEN.TOLD.clear();

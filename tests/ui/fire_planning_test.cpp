@@ -2,6 +2,7 @@
 
 #include "core/seat.h"
 #include "support/fires.h"
+#include "support/march.h"
 #include "terrain/grid.h"
 
 using namespace sm;
@@ -36,31 +37,17 @@ int Place_Bridge(int x, int y)
     return row;
 }
 
-int Place_Node(int unit, int number, int x, int y)
-{
-    const int row = Free_Row(MN, 1, 300);
-    MN[row].MNUNIT = unit;
-    MN[row].MNUNITNUMBER = number;
-    MN[row].MNSIDE = UNIT[unit].SIDE;
-    MN[row].MNX = x;
-    MN[row].MNY = y;
-    UNIT[unit].NUMBER_OF_NODES += 1;
-    return row;
-}
-
 }   // namespace
 
 TEST(PlanFires, OnlyBatteriesThatCanFireAndReachAreOffered)
 {
     Planning board;
     const int ready = Place_Battery(board, BLUE, 50, 50);   // 20 km and 20 pixels: 220
-    const auto spoil = [&](auto change) { change(UNIT[Place_Battery(board, BLUE, 50, 50)]); };
-    spoil([](auto& u) { u.STATUS = 1; });
-    spoil([](auto& u) { u.TACOPN = -1; });
-    spoil([](auto& u) { u.TYPE = 11; });
-    spoil([](auto& u) { u.FIREMISSION = 3; });
-    spoil([](auto& u) { u.FSP = 3; });
-    spoil([](auto& u) { u.LOGSTATN = 0; });
+    const std::pair<Int16 UNIT_RECORD::*, int> spoilt[] = {
+        {&UNIT_RECORD::STATUS, 1},      {&UNIT_RECORD::TACOPN, -1}, {&UNIT_RECORD::TYPE, 11},
+        {&UNIT_RECORD::FIREMISSION, 3}, {&UNIT_RECORD::FSP, 3},     {&UNIT_RECORD::LOGSTATN, 0},
+    };
+    for (const auto& [field, value] : spoilt) UNIT[Place_Battery(board, BLUE, 50, 50)].*field = value;
     Place_Battery(board, RED, 50, 50);
     const int third_mission = Place_Battery(board, BLUE, 60, 50);
     UNIT[third_mission].FIREMISSION = 2;
@@ -102,15 +89,9 @@ TEST(PlanFires, AMissionTakesTheFirstFreeRowOfItsSideAndFiresNextTurnAtTheEarlie
     EXPECT_FALSE(Used(TG[2]));
     EXPECT_EQ(Issue_Target(BLUE), 2);
     EXPECT_EQ(Issue_Target(RED), 101);
-}
-
-TEST(PlanFires, AFullHalfOfTheTableTakesNoMore)
-{
-    Planning board;
-    const int battery = Place_Battery(board, BLUE, 50, 50);
     for (int row = 1; row <= 100; ++row) TG[row].TGTYPE = 1;
-    EXPECT_FALSE(Plan_Fire_Mission(battery, 155, 55, 1, 5, 0));
-    EXPECT_EQ(UNIT[battery].FIREMISSION, 0);
+    EXPECT_FALSE(Plan_Fire_Mission(battery, 155, 55, 1, 5, 0));   // Blue's half is full
+    EXPECT_EQ(UNIT[battery].FIREMISSION, 2);
 }
 
 TEST(PlanFires, FASCAMAndChemicalRoundsAreCountedWhenTheyAreOrderedAndRefusedWhenSpent)
@@ -119,10 +100,11 @@ TEST(PlanFires, FASCAMAndChemicalRoundsAreCountedWhenTheyAreOrderedAndRefusedWhe
     const int battery = Place_Battery(board, BLUE, 50, 50);
     BOBSTMAX = 1;
     BCHMAX = 1;
-    EXPECT_EQ(Choose_Ammunition(BLUE, Ammunition::CONVENTIONAL), 1);
-    EXPECT_EQ(Choose_Ammunition(BLUE, Ammunition::CHEMICAL_NP), 11);
-    EXPECT_EQ(Choose_Ammunition(BLUE, Ammunition::CHEMICAL_P), 21);
-    EXPECT_EQ(Choose_Ammunition(BLUE, Ammunition::FASCAM), 5);
+    const std::pair<Ammunition, int> kinds[] = {{Ammunition::CONVENTIONAL, 1},
+                                                {Ammunition::CHEMICAL_NP, 11},
+                                                {Ammunition::CHEMICAL_P, 21},
+                                                {Ammunition::FASCAM, 5}};
+    for (const auto& [kind, type] : kinds) EXPECT_EQ(Choose_Ammunition(BLUE, kind), type);
     EXPECT_EQ(BOBST + BCHNOW, 0);   // choosing books nothing
     ASSERT_TRUE(Plan_Fire_Mission(battery, 155, 55, 5, 0, 0));
     EXPECT_EQ(BOBST, 1);
@@ -179,12 +161,11 @@ TEST(PlanFires, ZonesAndSEADPrioritiesKeepToTheirAllowance)
     EXPECT_FALSE(Toggle_CFZ(tanks));
     EXPECT_TRUE(board.Told("From FSCOORD:", "We have no available CFZ!"));
     BCFZMAX = 1;
-    EXPECT_TRUE(Toggle_CFZ(tanks));
-    EXPECT_EQ(UNIT[tanks].CFZ, 1);
-    EXPECT_EQ(BCFZ, 1);
-    EXPECT_TRUE(Toggle_CFZ(tanks));
-    EXPECT_EQ(UNIT[tanks].CFZ, 0);
-    EXPECT_EQ(BCFZ, 0);
+    for (const int zones : {1, 0}) {
+        EXPECT_TRUE(Toggle_CFZ(tanks));
+        EXPECT_EQ(UNIT[tanks].CFZ, zones);
+        EXPECT_EQ(BCFZ, zones);
+    }
     BSEADMAX = 1;
     EXPECT_FALSE(Toggle_SEAD_Priority(tanks));   // for aircraft only
     EXPECT_EQ(BSEAD, 0);
@@ -252,25 +233,26 @@ TEST(PlanMinefield, EveryRefusalHasItsWords)
 {
     Planning board;
     const int unit = board.Place(BLUE, 105, 105, 14);   // footprint 40
-    const auto refused = [&](std::string_view words) {
-        const int before = board.SCREEN.Count("box", words);
-        return !Begin_Minefield(unit) && board.SCREEN.Count("box", words) == before + 1;
-    };
     BOBSTMAX = 1;
-    GTURN = 0;
-    EXPECT_TRUE(refused("Use the Graphics Menu to emplace obstacles during game start-up!"));
-    GTURN = 3;
-    UNIT[unit].TYPE = 15;
-    EXPECT_TRUE(refused("Only combat-effective engineer units can perform this function!"));
-    UNIT[unit].TYPE = 14;
-    UNIT[unit].FIREMISSION = 1;
-    EXPECT_TRUE(refused("This engineer unit already has a mission!"));
-    UNIT[unit].FIREMISSION = 0;
-    BOBST = 1;
-    EXPECT_TRUE(refused("From Engineer:|We have no more obstacles left!"));
-    BOBST = 0;
-    UNIT[unit].SUPPRESSED = 3;
-    EXPECT_TRUE(refused("Planned obstacle exceeds current force capability!"));
+    const struct {
+        int TURN, TYPE, MISSIONS, USED, SUPPRESSED;
+        const char* WORDS;
+    } refusals[] = {
+        {0, 14, 0, 0, 0, "Use the Graphics Menu to emplace obstacles during game start-up!"},
+        {3, 15, 0, 0, 0, "Only combat-effective engineer units can perform this function!"},
+        {3, 14, 1, 0, 0, "This engineer unit already has a mission!"},
+        {3, 14, 0, 1, 0, "From Engineer:|We have no more obstacles left!"},
+        {3, 14, 0, 0, 3, "Planned obstacle exceeds current force capability!"},
+    };
+    for (const auto& r : refusals) {
+        GTURN = r.TURN;
+        UNIT[unit].TYPE = r.TYPE;
+        UNIT[unit].FIREMISSION = r.MISSIONS;
+        BOBST = r.USED;
+        UNIT[unit].SUPPRESSED = r.SUPPRESSED;
+        EXPECT_FALSE(Begin_Minefield(unit)) << r.WORDS;
+        EXPECT_EQ(board.SCREEN.Count("box", r.WORDS), 1);
+    }
     UNIT[unit].SUPPRESSED = 2;
     EXPECT_TRUE(Begin_Minefield(unit));
     EXPECT_EQ(MapMode, 151);
@@ -300,7 +282,7 @@ TEST(PlanFlight, AHelicopterLinkedToAnNAIWaitsAndAnUnlinkedOneDropsItsRoute)
     ASSERT_TRUE(Link_NAI(unit, nai));
     EXPECT_EQ(UNIT[unit].NAI, nai);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 7);
-    Place_Node(unit, 1, 100, 100);
+    ASSERT_NE(Plot(unit, {{100, 100}}), 0);
     ASSERT_TRUE(Link_NAI(unit, 0));
     EXPECT_EQ(UNIT[unit].NAI, 0);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);

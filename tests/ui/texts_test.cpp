@@ -24,6 +24,12 @@ bool Says(int unit, std::string_view line)
     return Has(t.LEFT, line) || Has(t.RIGHT, line);
 }
 
+struct LINE_OF {
+    Int16 UNIT_RECORD::*FIELD;
+    int VALUE;
+    const char* LINE;
+};
+
 class Texts : public testing::Test {
 protected:
     Texts()
@@ -70,43 +76,38 @@ TEST_F(Texts, TheStatusOfAUnitIsToldInItsWords)
 
 TEST_F(Texts, BandsMeetExactly)
 {
-    const struct {
-        int FATIGUE;
-        const char* LINE;
-    } fatigue[] = {{0, "Rested"}, {1, "Rested"}, {2, "OK"},        {15, "OK"},
-                   {16, "Tired"}, {21, "Tired"}, {22, "Exhausted"}};
-    for (const auto& f : fatigue) {
-        UNIT[u].FATIGUE = f.FATIGUE;
-        EXPECT_TRUE(Says(u, Cat("FATIGUE: ", f.LINE))) << f.FATIGUE;
-    }
-    const struct {
-        int C2;
-        const char* LINE;
-    } command[] = {{0, "Bad"}, {1, "Poor"}, {2, "Average"}, {3, "Good"}};
-    for (const auto& c : command) {
-        UNIT[u].C2 = c.C2;
-        EXPECT_EQ(C2_Line(u), Cat("C2 Status: ", c.LINE, " - 0 kms"));
+    const LINE_OF bands[] = {
+        {&UNIT_RECORD::FATIGUE, 0, "FATIGUE: Rested"},
+        {&UNIT_RECORD::FATIGUE, 1, "FATIGUE: Rested"},
+        {&UNIT_RECORD::FATIGUE, 2, "FATIGUE: OK"},
+        {&UNIT_RECORD::FATIGUE, 15, "FATIGUE: OK"},
+        {&UNIT_RECORD::FATIGUE, 16, "FATIGUE: Tired"},
+        {&UNIT_RECORD::FATIGUE, 21, "FATIGUE: Tired"},
+        {&UNIT_RECORD::FATIGUE, 22, "FATIGUE: Exhausted"},
+        {&UNIT_RECORD::C2, 0, "C2 Status: Bad - 0 kms"},
+        {&UNIT_RECORD::C2, 1, "C2 Status: Poor - 0 kms"},
+        {&UNIT_RECORD::C2, 2, "C2 Status: Average - 0 kms"},
+        {&UNIT_RECORD::C2, 3, "C2 Status: Good - 0 kms"},
+        {&UNIT_RECORD::SUPPRESSED, 9, "SUPPRESSION: Very High"},   // a loss may leave it above the named ones
+        {&UNIT_RECORD::MOVESTATUS, 0, "POSTURE: Stationary"},
+        {&UNIT_RECORD::MOBILITY, 3, "POSTURE: Landed"},
+        {&UNIT_RECORD::MOVESTATUS, 1, "POSTURE: Temporarily Halted"},
+        {&UNIT_RECORD::MOVESTATUS, 8, "POSTURE: Hovering"},
+        {&UNIT_RECORD::MOVESTATUS, 9, "POSTURE: Flying"},
+        {&UNIT_RECORD::MOVESTATUS, 10, "POSTURE: Aborting"},
+        {&UNIT_RECORD::MOVESTATUS, 11, "POSTURE: Orbiting"},
+    };
+    for (const auto& b : bands) {
+        UNIT[u].*b.FIELD = b.VALUE;
+        EXPECT_TRUE(Says(u, b.LINE)) << b.LINE;
     }
     UNIT[u].C2 = -1;
     EXPECT_EQ(C2_Line(u), "");
-    UNIT[u].SUPPRESSED = 9;   // a loss may leave it above the named ones
-    EXPECT_TRUE(Says(u, "SUPPRESSION: Very High"));
 }
 
-TEST_F(Texts, PostureRouteAndTerrainFollowTheRecord)
+TEST_F(Texts, RouteAndTerrainFollowTheRecord)
 {
     UNIT_RECORD& r = UNIT[u];
-    EXPECT_TRUE(Says(u, "POSTURE: Stationary"));
-    r.MOBILITY = 3;
-    EXPECT_TRUE(Says(u, "POSTURE: Landed"));
-    const struct {
-        int MOVESTATUS;
-        const char* LINE;
-    } posture[] = {{1, "Temporarily Halted"}, {8, "Hovering"}, {9, "Flying"}, {10, "Aborting"}, {11, "Orbiting"}};
-    for (const auto& p : posture) {
-        r.MOVESTATUS = p.MOVESTATUS;
-        EXPECT_TRUE(Says(u, Cat("POSTURE: ", p.LINE)));
-    }
     r.NUMBER_OF_NODES = 1;
     r.DISTANCE_TO_END = 14;
     r.TIME_TO_END = 1;
@@ -151,15 +152,17 @@ TEST_F(Texts, GunsConvoysAndReplacementsHaveLinesOfTheirOwn)
 TEST_F(Texts, TheFirstHindranceOfAUnitIsTheOneNamed)
 {
     UNIT_RECORD& r = UNIT[u];
-    EXPECT_EQ(Operating_Lines(u).front(), "Status: Operational");
-    r.LOGSTATN = 0;
-    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Low on Supply)");
-    r.SUPPRESSED = 3;
-    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Suppressed)");
-    r.MORALE = 0;
-    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Low Morale)");
-    r.STATUS = 1;
-    EXPECT_EQ(Operating_Lines(u).front(), "Status: Inoperable (Ineffective)");
+    const LINE_OF hindrances[] = {
+        {&UNIT_RECORD::STATUS, 2, "Status: Operational"},
+        {&UNIT_RECORD::LOGSTATN, 0, "Status: Inoperable (Low on Supply)"},
+        {&UNIT_RECORD::SUPPRESSED, 3, "Status: Inoperable (Suppressed)"},
+        {&UNIT_RECORD::MORALE, 0, "Status: Inoperable (Low Morale)"},
+        {&UNIT_RECORD::STATUS, 1, "Status: Inoperable (Ineffective)"},
+    };
+    for (const auto& h : hindrances) {
+        r.*h.FIELD = h.VALUE;
+        EXPECT_EQ(Operating_Lines(u).front(), h.LINE);
+    }
     r.BRIDGING = 2;
     EXPECT_TRUE(Has(Operating_Lines(u), "Bridging: Yes/2"));
     r.SENSORT = 3;
