@@ -75,11 +75,6 @@ std::vector<OUTCOME> Play_Position(int position, int turns, std::optional<Comput
     return outcomes;
 }
 
-struct START {
-    Game GAME_;
-    Seat SEAT_;
-};
-
 }   // namespace
 
 int Odds(const Arguments& a)
@@ -115,10 +110,7 @@ int Odds(const Arguments& a)
     odds.FIRST_TURN = GTURN;
     odds.LAST_TURN = MAXGTURN;
     odds.BATTLES.resize(POSITIONS);
-    const auto start = std::make_unique<START>(START{GAME, SEAT});
     const auto play = [&](int position) {
-        GAME = start->GAME_;
-        SEAT = start->SEAT_;
         const auto outcomes = Play_Position(position, turns, a.COMPUTER);
         return std::string(reinterpret_cast<const char*>(outcomes.data()), outcomes.size() * sizeof(OUTCOME));
     };

@@ -172,16 +172,8 @@ std::vector<std::string> Stock_Scenarios()
     return files;
 }
 
-/// The state that every battle starts from, whichever battles this process has fought before it.
-struct START {
-    Game GAME_;
-    Seat SEAT_;
-};
-
-FINDINGS Fight(const START& start, const Arguments& a, const std::string& file, int battle)
+FINDINGS Fight(const Arguments& a, const std::string& file, int battle)
 {
-    GAME = start.GAME_;
-    SEAT = start.SEAT_;
     Printer printer;
     printer.MESSAGES = false;
     Use_Screen(&printer);
@@ -231,11 +223,10 @@ int Soak(const Arguments& a)
     Use_Screen(&printer);
     Start_Up(1280, 960);
     Close_Log();
-    const auto start = std::make_unique<START>(START{GAME, SEAT});
     FINDINGS all;
     Work_In_Parallel(
         a.FIRST, a.FIRST + a.BATTLES - 1, a.WORKERS,
-        [&](int battle) { return Packed(Fight(*start, a, file_of(battle), battle)); },
+        [&](int battle) { return Packed(Fight(a, file_of(battle), battle)); },
         [&](int battle, const std::string& result) {
             const FINDINGS f = Unpacked(result);
             all.TURNS += f.TURNS;

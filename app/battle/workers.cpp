@@ -1,7 +1,9 @@
 #include "workers.h"
 
 #include "commands.h"
+#include "core/game_state.h"
 #include "core/numbers.h"
+#include "core/seat.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -36,12 +39,20 @@ struct PARCEL {
     std::uint32_t LENGTH;
 };
 
-/// A worker does the jobs first, first + step, ...
+struct START {
+    Game GAME_;
+    Seat SEAT_;
+};
+
+/// A worker does the jobs first, first + step, ..., each from the state that the worker began with.
 [[noreturn]] void Work(int pipe, int first, int last, int step, const std::function<std::string(int)>& work)
 {
     bool sound = true;
     try {
+        const auto start = std::make_unique<START>(START{GAME, SEAT});
         for (int job = first; job <= last && sound; job += step) {
+            GAME = start->GAME_;
+            SEAT = start->SEAT_;
             const std::string result = work(job);
             const PARCEL parcel{job, static_cast<std::uint32_t>(result.size())};
             sound = Write_All(pipe, &parcel, sizeof parcel) && Write_All(pipe, result.data(), result.size());

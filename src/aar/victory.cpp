@@ -20,12 +20,8 @@ struct SIDE_SUMS {
 void Take_Possession(OBJ_RECORD& objective)
 {
     SIDE_SUMS sums;
-    for (int u = 1; u <= MAX_UNIT; ++u) {
-        if (UNIT[u].STATUS != 2) continue;
-        const float reach = UNIT[u].FOOTPRINT / 2 + 16;
-        if (static_cast<float>(Distance_To(u, objective.OX, objective.OY)) <= reach)
-            sums.Add(UNIT[u].SIDE, UNIT[u].RCP2);
-    }
+    for (int u = 1; u <= MAX_UNIT; ++u)
+        if (Stands_On(u, objective)) sums.Add(UNIT[u].SIDE, UNIT[u].RCP2);
     if (sums.BLUE_SUM > 0 && sums.RED_SUM == 0) objective.OID = BLUE;
     if (sums.RED_SUM > 0 && sums.BLUE_SUM == 0) objective.OID = RED;
 }
@@ -90,6 +86,13 @@ int Verdict(int blue, int red)
 }
 
 }   // namespace
+
+bool Stands_On(int unit, const OBJ_RECORD& objective)
+{
+    if (UNIT[unit].STATUS != 2) return false;
+    const float reach = UNIT[unit].FOOTPRINT / 2 + 16;
+    return static_cast<float>(Distance_To(unit, objective.OX, objective.OY)) <= reach;
+}
 
 void Power_Count(bool row)
 {

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "core/game_state.h"
+
 namespace sm {
+
+/// Whether a unit is able and near enough to hold or contest an objective.
+bool Stands_On(int unit, const OBJ_RECORD& objective);
+
 
 /// Sums of combat power: of ineffective units (BRCP2, RRCP2) and of all now (BRCP3, RRCP3); at turn 0 also at the
 /// start. With `row` the AAR row of the turn (1..50) is written.

@@ -264,9 +264,6 @@ void Delete_Target(int row)
     Screen().Changed(Redraw::GRAPHICS);
 }
 
-namespace {
-
-/// The pool counter that a control measure is booked in; nullptr for a drawing.
 Int16* Graphic_Count(const P_RECORD& graphic)
 {
     if (graphic.PSIDE != BLUE && graphic.PSIDE != RED) return nullptr;
@@ -279,8 +276,6 @@ Int16* Graphic_Count(const P_RECORD& graphic)
     default: return nullptr;
     }
 }
-
-}   // namespace
 
 void Erase_Graphic(int row)
 {

@@ -67,6 +67,8 @@ void Clear_Route(int unit);
 void Clear_Node(int row);
 /// Frees a target row and lowers FIREMISSION of its firing unit, not below 0.
 void Delete_Target(int row);
+/// The side's counter that a control measure is booked in; nullptr for a drawing.
+Int16* Graphic_Count(const P_RECORD& graphic);
 /// Frees a row of the graphics. The side's count of NAI, TAI, SEAD targets and call-for-fire zones goes with it.
 void Erase_Graphic(int row);
 void Erase_Text(int row);

@@ -1,5 +1,7 @@
 #include "core/text.h"
 
+#include "core/numbers.h"
+
 #include <cstdint>
 
 namespace sm {
@@ -115,10 +117,7 @@ std::string Split_Token(std::string& line, char delimiter)
 std::string Number_Fields(std::initializer_list<int> numbers)
 {
     std::string fields;
-    for (const int number : numbers) {
-        fields += std::to_string(number);
-        fields += BROKEN_BAR;
-    }
+    for (const int number : numbers) fields += To_Text(number) + BROKEN_BAR;
     return fields;
 }
 

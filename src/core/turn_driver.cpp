@@ -205,11 +205,17 @@ void Total_Power()
     AAR_Chart();
 }
 
-/// Back to the seat's own view; a mail or single game gives the board back to the side that plans.
-void Return_The_Board()
+/// A mail or single game gives the board back to the side that plans.
+void Give_To_Planner()
 {
     const bool planning = PlanSide == 1 || PlanSide == 2;
     ActiveSide = GameType >= 1 && GameType <= 4 && planning ? PlanSide : 3;
+}
+
+/// Back to the seat's own view.
+void Return_The_Board()
+{
+    Give_To_Planner();
     SEAT.TurnRunning = false;   // the planning view's own test of what is shown holds again
     Refresh_Pictures();
     SEAT.TurnRunning = true;
@@ -301,7 +307,7 @@ void Give_Up(const Game& before, const char* step, const Game_Error& error)
 {
     GAME = before;
     Log(Cat("Error ", To_Text(error.NUMBER), " in ", step, ": ", error.what()));
-    ActiveSide = GameType >= 1 && GameType <= 4 && (PlanSide == 1 || PlanSide == 2) ? PlanSide : 3;
+    Give_To_Planner();
     MapMode = 0;
     Refresh_Pictures();
     Screen().Progress(0, 0);

@@ -23,13 +23,6 @@ bool Enemy_Near(int side, int x, int y)
     return false;
 }
 
-/// The side's pool counter of an area kind.
-Int16& Area_Count(int side, int kind)
-{
-    if (side == BLUE) return kind == NAI ? BNAI : BTAI;
-    return kind == NAI ? RNAI : RTAI;
-}
-
 bool Place_Area(int side, int kind, int x, int y)
 {
     const int first = side == RED ? 201 : 1;
@@ -42,7 +35,8 @@ bool Place_Area(int side, int kind, int x, int y)
     P[row].PY1 = y;
     P[row].PAGE = 2;
     P[row].PIMAGE = kind == NAI ? "NAI.ico" : "TAI.ico";
-    Area_Count(side, kind) = Saturate_16(Area_Count(side, kind) + 1);
+    Int16& count = *Graphic_Count(P[row]);
+    count = Saturate_16(count + 1);
     Screen().Changed(Redraw::GRAPHICS);
     return true;
 }

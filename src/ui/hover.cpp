@@ -1,5 +1,6 @@
 #include "ui/hover.h"
 
+#include "aar/victory.h"
 #include "core/game_state.h"
 #include "core/seat.h"
 #include "core/shared.h"
@@ -128,10 +129,8 @@ int Objective_Holder(int row)
 {
     bool stands[3] = {};
     for (int u = 1; u <= MAX_UNIT; ++u) {
-        const UNIT_RECORD& r = UNIT[u];
-        if (r.STATUS != 2 || !Stands_On_Map(u) || (r.SIDE != BLUE && r.SIDE != RED)) continue;
-        const auto distance = static_cast<float>(Distance_To(u, OBJ[row].OX, OBJ[row].OY));
-        if (distance <= r.FOOTPRINT / 2 + 16) stands[r.SIDE] = true;
+        const int side = UNIT[u].SIDE;
+        if ((side == BLUE || side == RED) && Stands_On_Map(u) && Stands_On(u, OBJ[row])) stands[side] = true;
     }
     if (stands[BLUE] && stands[RED]) return BOTH;
     const int holder = OBJ[row].OID;
