@@ -33,6 +33,13 @@ void Fly_Slices(int n)
     for (int slice = 0; slice < n; ++slice) Aviation_Pass();
 }
 
+/// Whether the unit's fields hold these values so many slices on.
+testing::AssertionResult After(int slices, const UNIT_RECORD& unit, std::string_view values)
+{
+    Fly_Slices(slices);
+    return Has(unit, values);
+}
+
 }   // namespace
 
 TEST(Aviation, AHelicopterFliesOutHoldsItsStationAndIsHomeWithItsLastDropOfFuel)
@@ -46,20 +53,15 @@ TEST(Aviation, AHelicopterFliesOutHoldsItsStationAndIsHomeWithItsLastDropOfFuel)
     EXPECT_TRUE(Has(u, "MOVESTATUS 9, DISTANCE_TO_END 40"));
     EXPECT_EQ(Aviation_Pass(), 1);
     EXPECT_TRUE(Has(u, "X 65, TIMERM 1, FACING 95, DISTANCE_TO_END 39"));   // FACING: 10 pixels due east
-    Fly_Slices(19);
-    EXPECT_TRUE(Has(u, "X 255, MOVESTATUS 8, TIMERM 20, NUMBER_OF_NODES 1, DISTANCE_TO_END 20, LZ 0"));
+    EXPECT_TRUE(After(19, u, "X 255, MOVESTATUS 8, TIMERM 20, NUMBER_OF_NODES 1, DISTANCE_TO_END 20, LZ 0"));
     EXPECT_FALSE(Used(MN[station]));
     EXPECT_EQ(u.C2T, 1);
-    EXPECT_EQ(Aviation_Pass(), 0);                     // hovering is no move
-    Fly_Slices(358);                                   // slice 379
-    EXPECT_TRUE(Has(u, "TIMERM 379, MOVESTATUS 8"));   // MOVESTATUS: 21 points for 20 cells
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(u, "MOVESTATUS 9, X 255"));   // MOVESTATUS: 20 for 20: time to go
-    Fly_Slices(19);
-    EXPECT_EQ(u.X, 65);
+    EXPECT_EQ(Aviation_Pass(), 0);                            // hovering is no move
+    EXPECT_TRUE(After(358, u, "TIMERM 379, MOVESTATUS 8"));   // 21 points for 20 cells
+    EXPECT_TRUE(After(1, u, "MOVESTATUS 9, X 255"));          // 20 for 20: time to go
+    EXPECT_TRUE(After(19, u, "X 65"));
     EXPECT_FALSE(Posted("B1 has landed."));
-    Fly_Slices(1);   // slice 400
-    EXPECT_TRUE(Has(u, "X 55, MOVESTATUS 0, TIMERM 0, NUMBER_OF_NODES 0, MOVEPOINTS2 360"));
+    EXPECT_TRUE(After(1, u, "X 55, MOVESTATUS 0, TIMERM 0, NUMBER_OF_NODES 0, MOVEPOINTS2 360"));
     EXPECT_TRUE(Posted("B1 has landed."));
     EXPECT_TRUE(board.SCREEN.Heard("sound", ""));
 }
@@ -77,36 +79,28 @@ TEST(Aviation, AHelicopterWaitsForItsNAIHuntsInItsTAIAndTurnsForHomeWithoutAmmun
     const int home = Plot(unit, 55, 55);
     const UNIT_RECORD& u = UNIT[unit];
     EXPECT_EQ(u.MOVESTATUS, 7);
-    Fly_Slices(3);
-    EXPECT_TRUE(Has(u, "X 55, TIMERM 0"));
+    EXPECT_TRUE(After(3, u, "X 55, TIMERM 0"));
     const int tanks = board.Place(RED, 255, 155);
     Launch_Waiting_Helicopters(tanks, nai);
     EXPECT_EQ(u.MOVESTATUS, 9);
     Place_Unit(tanks, 255, 65);
-    // The TAI at 255 is within round(3 x 10 + 40 / 2) + 20 = 70 pixels from x = 185 on: 13 steps made, seen before
-    // the 14th.
-    Fly_Slices(13);
-    EXPECT_TRUE(Has(u, "X 185, FREEHUNT 0"));
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(u, "FREEHUNT 1, FIREMISSIONN 0"));
+    // The TAI at 255 is within round(3 x 10 + 40 / 2) + 20 = 70 pixels from x = 185 on: 13 steps, seen on the
+    // 14th.
+    EXPECT_TRUE(After(13, u, "X 185, FREEHUNT 0"));
+    EXPECT_TRUE(After(1, u, "FREEHUNT 1, FIREMISSIONN 0"));
     // Weapons reach 30 and half a footprint, 50 pixels, from the place flown to: (215, 55) is 41 away, (205,
     // 55) 51.
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(u, "X 205, FIREMISSIONN 0"));
-    Fly_Slices(1);
-    EXPECT_EQ(u.FIREMISSIONN, 2);
+    EXPECT_TRUE(After(1, u, "X 205, FIREMISSIONN 0"));
+    EXPECT_TRUE(After(1, u, "FIREMISSIONN 2"));
     EXPECT_TRUE(Posted("attack against R301!"));
     EXPECT_EQ(u.X, 215);
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(u, "FIREMISSIONN 4, MOVESTATUS 10, X 215"));   // X: turned round before the step was made
+    EXPECT_TRUE(After(1, u, "FIREMISSIONN 4, MOVESTATUS 10, X 215"));   // X: turned round before the step was made
     EXPECT_EQ(u.NUMBER_OF_NODES, 1);
     EXPECT_EQ(MN[home].MNUNITNUMBER, 1);
     EXPECT_EQ(u.DISTANCE_TO_END, 16);
-    Fly_Slices(15);
-    EXPECT_TRUE(Has(u, "X 65, FIREMISSIONN 4"));   // FIREMISSIONN: nothing more to shoot with
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(u, "X 55, MOVESTATUS 0, TIMERM 0, NAI 0"));   // MOVESTATUS: an aborted flight ends at once
-    EXPECT_TRUE(Has(u, "FREEHUNT 0, LX 55"));
+    EXPECT_TRUE(After(15, u, "X 65, FIREMISSIONN 4"));   // FIREMISSIONN: nothing more to shoot with
+    // An aborted flight ends at once.
+    EXPECT_TRUE(After(1, u, "X 55, MOVESTATUS 0, TIMERM 0, NAI 0, FREEHUNT 0, LX 55"));
 }
 
 TEST(Aviation, AnAirAssaultTakesInfantryFromItsPickUpToItsLandingZone)
@@ -123,25 +117,18 @@ TEST(Aviation, AnAirAssaultTakesInfantryFromItsPickUpToItsLandingZone)
     HEXMAP[UNIT[board.Place(BLUE, 205, 55)].HEXNUM].TVALUE = 4;
     const UNIT_RECORD& l = UNIT[lift];
     const UNIT_RECORD& k = UNIT[infantry];
-    Fly_Slices(4);
-    EXPECT_EQ(k.X, 105);
+    EXPECT_TRUE(After(4, k, "X 105"));
     Fly_Slices(1);
     EXPECT_EQ(l.PASSENGER, infantry);
-    EXPECT_EQ(l.PZ, 0);
-    EXPECT_TRUE(Has(k, "X -1000, Y -1000, HEXNUM 0"));
-    EXPECT_EQ(k.NUMBER_OF_NODES, 0);   // its own route is off
-    EXPECT_EQ(l.MOVESTATUS, 9);
-    Fly_Slices(10);
-    EXPECT_TRUE(Has(k, "X 205, Y 55, CARRIER 0, TERTYPE 4, SUPPRESSED 4"));
+    EXPECT_TRUE(Has(l, "PZ 0, MOVESTATUS 9"));
+    EXPECT_TRUE(Has(k, "X -1000, Y -1000, HEXNUM 0, NUMBER_OF_NODES 0"));   // its own route is off
+    EXPECT_TRUE(After(10, k, "X 205, Y 55, CARRIER 0, TERTYPE 4, SUPPRESSED 4"));
     EXPECT_TRUE(Has(l, "PASSENGER 0, LZ 0"));
     EXPECT_TRUE(Posted("B2 reports the air assault is complete!"));
-    Fly_Slices(15);
-    EXPECT_TRUE(Has(l, "X 55, NUMBER_OF_NODES 0"));
-    EXPECT_TRUE(Has(l, "MOVESTATUS 8, TIMERM 30"));   // MOVESTATUS: hovers at home until its fuel is spent
-    Fly_Slices(369);
-    EXPECT_EQ(l.MOVESTATUS, 8);
-    Fly_Slices(1);
-    EXPECT_EQ(l.MOVESTATUS, 0);
+    // It hovers at home until its fuel is spent.
+    EXPECT_TRUE(After(15, l, "X 55, NUMBER_OF_NODES 0, MOVESTATUS 8, TIMERM 30"));
+    EXPECT_TRUE(After(369, l, "MOVESTATUS 8"));
+    EXPECT_TRUE(After(1, l, "MOVESTATUS 0"));
     EXPECT_TRUE(Posted("B1 has landed."));
     EXPECT_EQ(k.SUPPRESSED, 4);
 }
@@ -157,8 +144,7 @@ TEST(Aviation, AnAbortedAssaultPutsItsPassengerDownAtHome)
     Fly_Slices(8);
     Abort_Mission(lift);
     EXPECT_TRUE(Has(UNIT[lift], "MOVESTATUS 10, NUMBER_OF_NODES 1"));
-    Fly_Slices(8);
-    EXPECT_EQ(UNIT[lift].MOVESTATUS, 0);
+    EXPECT_TRUE(After(8, UNIT[lift], "MOVESTATUS 0"));
     EXPECT_TRUE(Has(UNIT[infantry], "X 55, Y 65, SUPPRESSED 1, CARRIER 0"));
     EXPECT_TRUE(Posted("B2 reports air assault failed!"));
     EXPECT_TRUE(Has(UNIT[lift], "PZ 0, LZ 0"));
@@ -171,10 +157,8 @@ TEST(Aviation, AtFourHundredEveryAircraftIsDownWhereverItIs)
     Plot(unit, 555, 55);
     Plot(unit, 55, 55);
     Give(UNIT[unit], "TIMERM 398, VISIBLE -1, SPOTTED 2");
-    Fly_Slices(1);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 9);
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(UNIT[unit], "MOVESTATUS 0, X 75, VISIBLE 0, SPOTTED 0, NUMBER_OF_NODES 2"));
+    EXPECT_TRUE(After(1, UNIT[unit], "MOVESTATUS 9"));
+    EXPECT_TRUE(After(1, UNIT[unit], "MOVESTATUS 0, X 75, VISIBLE 0, SPOTTED 0, NUMBER_OF_NODES 2"));
 }
 
 TEST(Aviation, AShortOrBrokenFlightEndsAndNobodyIsStuck)
@@ -184,45 +168,46 @@ TEST(Aviation, AShortOrBrokenFlightEndsAndNobodyIsStuck)
     Abort_Mission(unit);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);   // no route, nothing to abort
     Give(UNIT[unit], "MOVESTATUS 9, TIMERM 20, SUPPRESSED 3");
-    Fly_Slices(1);
-    EXPECT_TRUE(Has(UNIT[unit], "MOVESTATUS 0, TIMERM 0"));   // MOVESTATUS: in the air without a node: down
+    EXPECT_TRUE(After(1, UNIT[unit], "MOVESTATUS 0, TIMERM 0"));   // MOVESTATUS: in the air without a node: down
     EXPECT_EQ(UNIT[unit].SUPPRESSED, 0);
     Plot(unit, 155, 55);
     const int home = Plot(unit, 55, 55);
     UNIT[unit].LZ = home;
     UNIT[unit].MOVESTATUS = 10;
-    Fly_Slices(20);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);   // an aborting aircraft is not held at its station
+    EXPECT_TRUE(After(20, UNIT[unit], "MOVESTATUS 0"));   // an aborting aircraft is not held at its station
     UNIT[unit].MOVEPOINTS2 = 0;
     Plot(unit, 155, 55);
-    Fly_Slices(5);
-    EXPECT_TRUE(Has(UNIT[unit], "X 55, TIMERM 5"));   // TIMERM: time runs all the same
+    EXPECT_TRUE(After(5, UNIT[unit], "X 55, TIMERM 5"));   // TIMERM: time runs all the same
 }
 
 TEST(Aviation, FightersTakeALittleOfAHelicopterMoreOfALiftUnitAndAUAVWhole)
 {
-    const auto loss = [](int type, auto change) {
+    struct CASE {
+        int TYPE;
+        const char* STATE;
+        float LOSS;
+        const char* TOLD;
+        int ROLLS;
+    };
+    const CASE cases[] = {
+        {11, "", 0.016666667f, "B1 lost no aircraft!", 2},   // 5 / 3 x 0.01
+        {12, "", 0.05f, "", 2},
+        {11, "TACOPN 3", 0.016666667f / 4, "", 3},
+        {11, "MOVESTATUS 10", 0.0016666667f, "", 2},
+        {11, "RCP2 0.01", 0.01f, "B1 lost 100%!", 2},
+        {26, "", 0, "UAV is destroyed!", 2},
+        {11, "MOVESTATUS 8", 0, "", 0},   // on station it is not met
+    };
+    for (const CASE& c : cases) {
         Board board(60, 60);
         AIRSUPER = 0;
-        const int unit = Place_In_The_Air(board, BLUE, 155, 55, type);
-        change(UNIT[unit]);
-        RSEED = type == 26 ? 9 : 9;   // 5, 5: intercepted; the UAV's second test, or the loss
+        Give(UNIT[Place_In_The_Air(board, BLUE, 155, 55, c.TYPE)], c.STATE);
+        RSEED = 9;   // 5, 5: intercepted; the UAV's second test, or the loss
         Air_Interception_Slice();
-        return static_cast<float>(BADAL);
-    };
-    // 5 / 3 x 0.01
-    EXPECT_FLOAT_EQ(loss(11, [](auto&) {}), 0.016666667f);
-    EXPECT_TRUE(Posted("B1 lost no aircraft!"));
-    EXPECT_FLOAT_EQ(loss(12, [](auto&) {}), 0.05f);
-    EXPECT_FLOAT_EQ(loss(11, [](auto& u) { u.TACOPN = 3; }), 0.016666667f / 4);
-    EXPECT_FLOAT_EQ(loss(11, [](auto& u) { u.MOVESTATUS = 10; }), 0.0016666667f);
-    EXPECT_FLOAT_EQ(loss(11, [](auto& u) { u.RCP2 = 0.01f; }), 0.01f);
-    EXPECT_TRUE(Posted("B1 lost 100%!"));
-    EXPECT_FLOAT_EQ(loss(26, [](auto&) {}), 0);
-    EXPECT_TRUE(Posted("UAV is destroyed!"));
-    EXPECT_EQ(RSEED, 11);
-    EXPECT_FLOAT_EQ(loss(11, [](auto& u) { u.MOVESTATUS = 8; }), 0);   // on station it is not met
-    EXPECT_EQ(RSEED, 9);
+        EXPECT_FLOAT_EQ(BADAL, c.LOSS) << c.TYPE << c.STATE;
+        EXPECT_TRUE(*c.TOLD == 0 || Posted(c.TOLD)) << c.TOLD;
+        EXPECT_EQ(Rolls_Since(9), c.ROLLS) << c.TYPE << c.STATE;
+    }
 }
 
 TEST(Aviation, OnSensorSlicesAirDefenceSignsItselfAndCollectorsSweep)

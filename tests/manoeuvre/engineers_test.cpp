@@ -56,22 +56,15 @@ TEST(Recon, AUnitSeesEnemyWorksWithinItsGroundAndSixteenPixelsMore)
         Board board(40, 10);
         const int u = board.Place(BLUE, 100, 45);
         UNIT[u].FOOTPRINT = 41;   // half of it, 20.5, rounds to 20: seen to 36 pixels
-        const auto put = [&](int row, int side, int distance) {
-            BG[row].BGTYPE = type;
-            BG[row].BGHEX = row;
-            BG[row].BGSIDE = side;
-            BG[row].BGX = 100 + distance - 5;   // the cell's centre lies half a cell inside
-            BG[row].BGY = 40;
-        };
-        put(1, RED, 36);
-        put(2, RED, 37);
-        put(3, BLUE, 30);
-        put(4, BOTH, 36);
+        // A cell's centre lies half a cell inside: BGX 131 is 36 away.
+        const char* works[] = {"BGX 131, BGSIDE RED", "BGX 132, BGSIDE RED", "BGX 125, BGSIDE BLUE",
+                               "BGX 131, BGSIDE BOTH"};
+        for (int row = 1; row <= 4; ++row) {
+            Give(BG[row], Cat("BGY 40, BGTYPE ", To_Text(type), ", BGHEX ", To_Text(row)));
+            Give(BG[row], works[row - 1]);
+        }
         Obstacle_Recon(u);
-        EXPECT_EQ(BG[1].BGVISIBLE, 1) << type;
-        EXPECT_EQ(BG[2].BGVISIBLE, 0) << type;
-        EXPECT_EQ(BG[3].BGVISIBLE, 0) << type;
-        EXPECT_EQ(BG[4].BGVISIBLE, 1) << type;
+        for (int row = 1; row <= 4; ++row) EXPECT_EQ(BG[row].BGVISIBLE, row == 1 || row == 4) << type << row;
         EXPECT_EQ(UNIT[u].BREACH, 0);
     }
 }
@@ -85,8 +78,7 @@ TEST(Recon, AnAirCollectorSeesByItsOptics)
         UNIT[u].SENSORT = sensor;
         Give(BG[1], "BGTYPE 9, BGHEX 1, BGSIDE RED, BGX 175, BGY 40");   // BGX: centre at 180: 8 km
         Obstacle_Recon(u);
-        EXPECT_EQ(BG[1].BGVISIBLE,
-                  sensor == 1 ? 1 : 0);   // a radar does not see works, and 80 is far beyond its ground
+        EXPECT_EQ(BG[1].BGVISIBLE, sensor == 1);   // a radar does not see works, and 80 is beyond its ground
     }
 }
 
@@ -97,27 +89,19 @@ TEST(Recon, EnemySmokeIsSeenByOperationalUnitsOnly)
         const int u = board.Place(BLUE, 100, 45);
         UNIT[u].FOOTPRINT = 41;
         UNIT[u].STATUS = status;
-        for (const int row : {1, 2, 3}) {
-            NBC[row].NBCTYPE = row == 2 ? 21 : 20;
-            NBC[row].NBCSIDE = row == 3 ? BLUE : RED;
-            Give(NBC[row], "NBCX 136, NBCY 45");
-        }
+        Give(NBC[1], "NBCX 136, NBCY 45, NBCTYPE 20, NBCSIDE RED");
+        Give(NBC[2], "NBCX 136, NBCY 45, NBCTYPE 21, NBCSIDE RED");    // gas is not smoke
+        Give(NBC[3], "NBCX 136, NBCY 45, NBCTYPE 20, NBCSIDE BLUE");   // its own
         Obstacle_Recon(u);
-        EXPECT_EQ(NBC[1].NBCVISIBLE, status == 2 ? 1 : 0);
-        EXPECT_EQ(NBC[2].NBCVISIBLE, 0);   // gas is not smoke
-        EXPECT_EQ(NBC[3].NBCVISIBLE, 0);   // its own
+        for (int row = 1; row <= 3; ++row) EXPECT_EQ(NBC[row].NBCVISIBLE, row == 1 && status == 2) << row;
     }
 }
 
-TEST(Breach, WithoutEngineersARollBelowFortyFails)
+TEST(Breach, ARollBelowFortyFailsAndWithEngineersBelowTwenty)
 {
     EXPECT_FALSE(Breaches(39, 5));   // 39 - 30 = 9
     EXPECT_TRUE(Breaches(42, 5));
     EXPECT_TRUE(Breaches(100, 5));
-}
-
-TEST(Breach, WithEngineersARollBelowTwentyFails)
-{
     EXPECT_FALSE(Breaches(19, 14));   // 19 - 10 = 9
     EXPECT_TRUE(Breaches(21, 14));
     EXPECT_TRUE(Breaches(21, 5, 14));
@@ -157,43 +141,35 @@ TEST(Breach, AFailedBreachHaltsTheUnitOnTheObstacle)
 
 TEST(Breach, OnlyAMovingOperationalGroundUnitBreaches)
 {
-    struct CASE {
-        int MOVESTATUS, STATUS, MOBILITY;
-    };
-    for (const CASE& c : {CASE{0, 2, 2}, CASE{6, 2, 2}, CASE{2, 1, 2}, CASE{9, 2, 3}}) {
+    for (const char* state :
+         {"MOVESTATUS 0", "MOVESTATUS 6", "MOVESTATUS 2, STATUS 1", "MOVESTATUS 9, MOBILITY 3"}) {
         Minefield field('.');
         const int u = field.UNIT_ON_IT;
-        UNIT[u].MOVESTATUS = c.MOVESTATUS;
-        UNIT[u].STATUS = c.STATUS;
-        UNIT[u].MOBILITY = c.MOBILITY;
+        Give(UNIT[u], state);
         Roll_Next(100);
         const int seed = RSEED;
         Obstacle_Recon(u);
-        EXPECT_EQ(RSEED, seed);
-        EXPECT_EQ(Rows_Used(), 1);
-        EXPECT_EQ(BG[1].BGVISIBLE, 1);   // everyone sees it
+        EXPECT_EQ(RSEED, seed) << state;
+        EXPECT_EQ(Rows_Used(), 1) << state;
+        EXPECT_EQ(BG[1].BGVISIBLE, 1) << state;   // everyone sees it
     }
 }
 
 TEST(Breach, OwnMinesAndMinesWithoutARowStopAUnitToo)
 {
-    {
+    for (const bool own : {true, false}) {
         Board board({"...", ".2.", "..."});
-        Lay_Obstacle(Hex_Of(2, 2), BLUE);
+        if (own)
+            Lay_Obstacle(Hex_Of(2, 2), BLUE);
+        else
+            Set_Cell(Hex_Of(2, 2), 13, "Obstacle");
         const int u = board.Place(BLUE, 15, 15);
         UNIT[u].MOVESTATUS = 2;
         Roll_Next(42);
         Obstacle_Recon(u);
-        EXPECT_EQ(UNIT[u].TERTYPE, 2);
-        EXPECT_EQ(Rows_Used(), 0);
+        EXPECT_EQ(UNIT[u].TERTYPE, 2) << own;
+        EXPECT_EQ(Rows_Used(), 0) << own;
     }
-    Board board({"...", "...", "..."});
-    Set_Cell(Hex_Of(2, 2), 12, "Obstacle");
-    const int u = board.Place(BLUE, 15, 15);
-    UNIT[u].MOVESTATUS = 2;
-    Roll_Next(42);
-    Obstacle_Recon(u);
-    EXPECT_EQ(UNIT[u].TERTYPE, 1);
 }
 
 TEST(Breach, MinesUnderfootAreTriedOnceAndNeighbouringMinesToo)
@@ -315,16 +291,12 @@ TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
     EXPECT_EQ(Rows_Used(), 1);
 
     Blow_Bridge(Hex_Of(1, 1));   // nothing there
-    Work(u, 1);                  // no section left
+    Set_Cell(Hex_Of(3, 3), 7, "Bridge");
+    Blow_Bridge(Hex_Of(3, 3));   // a bridge of the terrain alone
+    EXPECT_EQ(Cell_Value(Hex_Of(3, 3)), 7);
+    Work(u, 1);   // no section left
     EXPECT_EQ(Rows_Used(), 1);
     EXPECT_TRUE(Broken_Invariants().empty());
-}
-
-TEST(Works, ABridgeOfTheTerrainAloneCannotBeBlown)
-{
-    Board board({"...", ".=.", "..."});
-    Blow_Bridge(Hex_Of(2, 2));
-    EXPECT_EQ(Cell_Value(Hex_Of(2, 2)), 7);
 }
 
 TEST(Works, AnIneffectiveUnitComesOutOfTheWaterWithoutAWord)
@@ -338,15 +310,9 @@ TEST(Works, AnIneffectiveUnitComesOutOfTheWaterWithoutAWord)
     Work(u, 1);
     EXPECT_TRUE(Has(UNIT[u], "TIMEREGR 0, MOVESTATUS 2"));
     EXPECT_TRUE(Messages().empty());
-}
-
-TEST(Works, ARetreatRouteWaitsOnWhileItsUnitWorks)
-{
-    Board board(3, 3);
-    const int waiting = board.Place(BLUE, 5, 5);
-    Give(UNIT[waiting], "TIMEREGR 6, MOVESTATUS 6");
-    Work(waiting, 1);
-    EXPECT_EQ(UNIT[waiting].MOVESTATUS, 6);
+    Give(UNIT[u], "TIMEREGR 6, MOVESTATUS 6");   // a retreat route waits on while its unit works
+    Work(u, 1);
+    EXPECT_EQ(UNIT[u].MOVESTATUS, 6);
 }
 
 TEST(Works, ABridgeIsDrawnAcrossItsRiver)

@@ -2,6 +2,7 @@
 
 #include "support/board.h"
 #include "support/fields.h"
+#include "support/log_lines.h"
 #include "support/march.h"
 #include "terrain/grid.h"
 
@@ -50,13 +51,10 @@ TEST(Movement_Pace, StepsOfATurnFollowMobilityAndLength)
         Board board(60, 1);
         TurnLength = p.TURN_LENGTH;
         const int unit = On_The_Road(board, 60, p.MOBILITY, p.POINTS, p.SIZE);
-        const int points = UNIT[unit].MOVEPOINTS2;
         Movement();
         EXPECT_EQ(UNIT[unit].NUMBER_OF_MOVES, p.STEPS) << p.WHO;
         EXPECT_EQ(UNIT[unit].X, 5 + 10 * p.STEPS) << p.WHO;
-        EXPECT_EQ(UNIT[unit].COL, 1 + p.STEPS) << p.WHO;
-        EXPECT_EQ(UNIT[unit].HEXNUM, 1 + p.STEPS) << p.WHO;
-        EXPECT_EQ(UNIT[unit].MOVEPOINTS2, points - p.STEPS) << p.WHO;
+        EXPECT_EQ(UNIT[unit].MOVEPOINTS2, p.POINTS - p.STEPS) << p.WHO;
         EXPECT_EQ(UNIT[unit].DISTANCE_TO_END, 59 - p.STEPS) << p.WHO;
     }
 }
@@ -77,124 +75,75 @@ TEST(Movement_Pace, AStepThatWouldOverspendWaitsAndKeepsThePoints)
 
 TEST(Movement_Start, TheMarchEndsADefenceAndTires)
 {
-    Board board(30, 30);
-    const auto at = [&](int n, int type) { return board.Place(BLUE, 5, 5 + 10 * n, type); };
-    const int tank = at(0, 5), guns = at(3, 7), halted = at(6, 5), screen = at(9, 5), hq = at(12, 18),
-              still = at(15, 5);
-    for (const int u : {tank, guns}) {
-        Give(UNIT[u], "MOVESTATUS 2, TACOPN 11, MISSION Deliberate Defense");
-    }
-    UNIT[tank].MOPP = 3;
-    Give(UNIT[halted], "MOVESTATUS 1, TACOPN 1");
-    Give(UNIT[screen], "MOVESTATUS 2, TACOPN 3");
-    Give(UNIT[hq], "UCONTROL 1, MOVEPOINTS2 3");
-    UNIT[still].FREEHUNT = 1;
-    TurnLength = 2;
-    Movement();
-    EXPECT_TRUE(Has(UNIT[tank], "TACOPN 0, MISSION Attack, FATIGUE 8"));   // FATIGUE: 2 + 3 masked + 3 moving
-    EXPECT_TRUE(Has(UNIT[guns], "TACOPN 4, MISSION Support, FATIGUE 5"));
-    EXPECT_TRUE(Has(UNIT[halted], "TACOPN 1, FATIGUE 5"));
-    EXPECT_EQ(UNIT[screen].TACOPN, 3);
-    EXPECT_EQ(UNIT[hq].MOVEPOINTS2, 18);
-    EXPECT_TRUE(Has(UNIT[still], "FATIGUE 2, FREEHUNT 0"));
-}
-
-TEST(Movement_Start, FlyingTiresTwiceAsMuchByNight)
-{
-    Board board(30, 30);
-    TurnLength = 2;
-    TIME_OF_DAY = "Night";
-    struct FLYER {
-        int TYPE, TACOPN, FATIGUE, NEW_TACOPN;
+    struct START {
+        const char* WHO;
+        int TYPE;
+        const char *TIME, *BEFORE, *AFTER;
     };
-    const FLYER flyers[] = {
-        {11, 1, 8, 0},   // 2 + 6
-        {11, 3, 8, 3},   // security stands
-        {12, 0, 8, 4},
-        {26, 0, 0, 4},   // an unmanned aircraft does not tire
+    const START starts[] = {
+        {"masked tanks", 5, "Day", "MOVESTATUS 2, TACOPN 11, MISSION Deliberate Defense, MOPP 3",
+         "TACOPN 0, MISSION Attack, FATIGUE 8"},   // 2 + 3 masked + 3 moving
+        {"guns", 7, "Day", "MOVESTATUS 2, TACOPN 11, MISSION Deliberate Defense",
+         "TACOPN 4, MISSION Support, FATIGUE 5"},
+        {"halted tanks", 5, "Day", "MOVESTATUS 1, TACOPN 1", "TACOPN 1, FATIGUE 5"},
+        {"a screen", 5, "Day", "MOVESTATUS 2, TACOPN 3", "TACOPN 3"},
+        {"a controlled headquarters", 18, "Day", "UCONTROL 1, MOVEPOINTS2 3", "MOVEPOINTS2 18"},
+        {"tanks that stand", 5, "Day", "FREEHUNT 1", "FATIGUE 2, FREEHUNT 0"},
+        // Flying tires twice as much by night.
+        {"helicopters", 11, "Night", "MOBILITY 3, MOVESTATUS 8, TACOPN 1", "TACOPN 0, FATIGUE 8"},   // 2 + 6
+        {"helicopters at the ceiling", 11, "Night", "MOBILITY 3, MOVESTATUS 8, FATIGUE 32765", "FATIGUE 32767"},
+        {"helicopters on security", 11, "Night", "MOBILITY 3, MOVESTATUS 8, TACOPN 3", "TACOPN 3, FATIGUE 8"},
+        {"a lift unit", 12, "Night", "MOBILITY 3, MOVESTATUS 8", "TACOPN 4, FATIGUE 8"},
+        {"an unmanned aircraft", 26, "Night", "MOBILITY 3, MOVESTATUS 8, FATIGUE 0", "TACOPN 4, FATIGUE 0"},
     };
-    int units[4];
-    for (int i = 0; i < 4; ++i) {
-        units[i] = board.Place(BLUE, 5 + 60 * i, 5, flyers[i].TYPE);
-        Give(UNIT[units[i]], "MOBILITY 3, MOVESTATUS 8");
-        UNIT[units[i]].TACOPN = flyers[i].TACOPN;
-    }
-    UNIT[units[0]].FATIGUE = 32765;   // holds at the ceiling of its field
-    Movement();
-    EXPECT_EQ(UNIT[units[0]].FATIGUE, 32767);
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(UNIT[units[i]].TACOPN, flyers[i].NEW_TACOPN) << i;
-        if (i > 0) {
-            EXPECT_EQ(UNIT[units[i]].FATIGUE, flyers[i].FATIGUE) << i;
-        }
+    for (const START& s : starts) {
+        Board board(30, 30);
+        TurnLength = 2;
+        TIME_OF_DAY = s.TIME;
+        const int unit = board.Place(BLUE, 5, 5, s.TYPE);
+        Give(UNIT[unit], s.BEFORE);
+        Movement();
+        EXPECT_TRUE(Has(UNIT[unit], s.AFTER)) << s.WHO;
     }
 }
-
-/// What one step costs next to friends: a tracked battalion at (5, 5) steps to (15, 5).
-struct STACK {
-    const char* WHAT;
-    int CONTROLLED, TYPE, SIZE;
-    int FRIEND_SIZE;
-    char GROUND;
-    int COST;
-};
 
 TEST(Movement_Stacking, TheFirstFriendHinders)
 {
+    // A battalion at (5, 5) steps to (15, 5), next to a friend this far from there.
+    struct STACK {
+        const char* WHAT;
+        int CONTROLLED, TYPE, FRIEND_SIZE;
+        char GROUND;
+        Point AWAY;
+        float FOOTPRINT;   ///< of the friend
+        int COST;
+    };
     const STACK stacks[] = {
-        {"an equal, open", 0, 5, 3, 3, '.', 2},     // 1 x 1.5 = 1.5, to the even 2
-        {"an equal, bridge", 0, 5, 3, 4, '=', 4},   // 3 x 1.5 = 4.5, to the even 4
-        {"a smaller one", 0, 5, 3, 2, '=', 3},
-        {"controlled tanks", 1, 5, 3, 3, '=', 3},
-        {"a controlled headquarters", 1, 18, 3, 3, '=', 6},
-        {"controlled guns", 1, 8, 3, 2, '=', 4},         // 3 x 1.3 = 3.9
-        {"controlled guns, open", 1, 8, 3, 3, '.', 1},   // 1.3
+        {"an equal, open", 0, 5, 3, '.', {0, 20}, 40, 2},     // 1 x 1.5 = 1.5, to the even 2
+        {"an equal, bridge", 0, 5, 4, '=', {0, 20}, 40, 4},   // 3 x 1.5 = 4.5, to the even 4
+        {"a smaller one", 0, 5, 2, '=', {0, 20}, 40, 3},
+        {"controlled tanks", 1, 5, 3, '=', {0, 20}, 40, 3},
+        {"a controlled headquarters", 1, 18, 3, '=', {0, 20}, 40, 6},
+        {"controlled guns", 1, 8, 2, '=', {0, 20}, 40, 4},         // 3 x 1.3 = 3.9
+        {"controlled guns, open", 1, 8, 3, '.', {0, 20}, 40, 1},   // 1.3
+        {"just out of its ground", 0, 5, 3, '.', {0, 21}, 40, 1},
+        {"20.88 pixels, cut to 20", 0, 5, 3, '.', {6, 20}, 40, 2},
+        {"a larger friend", 0, 5, 3, '.', {0, 22}, 43, 2},   // 43 / 2 = 21.5, to the even 22
+        {"just out of a larger friend's", 0, 5, 3, '.', {0, 23}, 43, 1},
     };
     for (const STACK& s : stacks) {
         Board board(20, 20);
         HEXMAP[Hex_Of(2, 1)].TVALUE = s.GROUND == '=' ? 7 : 0;
-        const int friend_ = board.Place(BLUE, 15, 25);   // 20 pixels from the next place
+        const int friend_ = board.Place(BLUE, 15 + s.AWAY.X, 5 + s.AWAY.Y);
         const int unit = board.Place(BLUE, 5, 5, s.TYPE);
         UNIT[friend_].SIZE = s.FRIEND_SIZE;
-        UNIT[unit].SIZE = s.SIZE;
+        UNIT[friend_].FOOTPRINT = s.FOOTPRINT;
         UNIT[unit].UCONTROL = s.CONTROLLED;
-        Set_Footprint(friend_);
         Plot(unit, {{15, 5}, {105, 5}});
         UNIT[unit].MOVEPOINTS2 = 20;
         Move_Units(unit);
         EXPECT_EQ(20 - UNIT[unit].MOVEPOINTS2, s.COST) << s.WHAT;
     }
-}
-
-TEST(Movement_Stacking, DistanceIsCutToWholePixelsAndTheLargerGroundCounts)
-{
-    struct CASE {
-        int DY;
-        int FRIEND_FOOTPRINT;
-        int COST;
-    };
-    const CASE cases[] = {
-        {20, 40, 2},   // 20 of 20
-        {21, 40, 1},
-        {22, 43, 2},   // 43 / 2 = 21.5, to the even 22
-        {23, 43, 1},
-    };
-    for (const CASE& c : cases) {
-        Board board(20, 20);
-        const int friend_ = board.Place(BLUE, 15, 5 + c.DY);
-        const int unit = board.Place(BLUE, 5, 5);
-        UNIT[friend_].FOOTPRINT = static_cast<float>(c.FRIEND_FOOTPRINT);
-        Plot(unit, {{15, 5}});
-        Move_Units(unit);
-        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.COST) << c.DY << " of " << c.FRIEND_FOOTPRINT;
-    }
-    // (6, 20) away is 20.88: cut to 20, within.
-    Board board(20, 20);
-    board.Place(BLUE, 21, 25);
-    const int unit = board.Place(BLUE, 5, 5);
-    Plot(unit, {{15, 5}});
-    Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 22);
 }
 
 TEST(Movement_Stacking, OnlyTheLowestNumberCountsAndTheCostNeverPassesTheAllowance)
@@ -209,7 +158,6 @@ TEST(Movement_Stacking, OnlyTheLowestNumberCountsAndTheCostNeverPassesTheAllowan
     Move_Units(unit);
     EXPECT_EQ(UNIT[unit].MOVEPOINTS2, 21);   // the small one is first and does not hinder
     Place_Unit(unit, 5, 5);
-    Plot(unit, {{15, 5}});
     UNIT[small].SIZE = 3;
     UNIT[unit].MOVEPOINTS = 2;   // 3 x 1.5 = 4, held to the base allowance
     Clear_Route(unit);
@@ -228,31 +176,29 @@ TEST(Movement_Stacking, AnOverrunEnemySurrendersWhenItCannotFight)
 {
     struct CASE {
         const char* WHAT;
-        int DY, STATUS, SUPPLY, MOVESTATUS;
+        int DY;
+        const char* ENEMY;
         bool TAKEN;
     };
     const CASE cases[] = {
-        {"ineffective, supplied", 20, 1, 100, 0, true},
-        {"ineffective, out of reach", 21, 1, 100, 0, false},
-        {"out of supply", 20, 2, 0, 2, true},
-        {"intact", 20, 2, 1, 0, false},
-        {"ineffective, on its way out", 20, 1, 100, 5, false},
+        {"ineffective, supplied", 20, "STATUS 1", true},
+        {"ineffective, out of reach", 21, "STATUS 1", false},
+        {"out of supply", 20, "LOGSTATN 0, MOVESTATUS 2", true},
+        {"intact", 20, "LOGSTATN 1", false},
+        {"ineffective, on its way out", 20, "STATUS 1, MOVESTATUS 5", false},
     };
     for (const CASE& c : cases) {
         Board board(20, 20);
         const int enemy = board.Place(BLUE, 15, 5 + c.DY), beside = board.Place(RED, 15, 5 + c.DY);
         const int unit = board.Place(RED, 5, 5);
-        UNIT[enemy].STATUS = c.STATUS;
-        UNIT[enemy].LOGSTATN = c.SUPPLY;
-        UNIT[enemy].MOVESTATUS = c.MOVESTATUS;
+        Give(UNIT[enemy], c.ENEMY);
         UNIT[beside].FOOTPRINT = 2;
         Plot(unit, {{15, 5}, {195, 5}});
         UNIT[unit].MOVESTATUS = 5;   // on a retreat it looks for no contact: only the ground ahead counts
         Move_Units(unit);
         EXPECT_EQ(UNIT[enemy].STATUS == 0, c.TAKEN) << c.WHAT;
-        EXPECT_EQ(UNIT[unit].X, 15) << c.WHAT;
-        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.DY == 20 ? 2 : 1)
-            << c.WHAT;   // the friend of a higher number hinders all the same
+        // The friend of a higher number hinders all the same.
+        EXPECT_TRUE(Has(UNIT[unit], c.DY == 20 ? "X 15, MOVEPOINTS2 22" : "X 15, MOVEPOINTS2 23")) << c.WHAT;
     }
 }
 
@@ -265,11 +211,9 @@ TEST(Movement_Refusals, ARiverStopsAllButThoseWhoCanCross)
         const int unit = board.Place(BLUE, 5, 5, type);
         Plot(unit, {{95, 5}});
         Move_Units(unit);
-        EXPECT_EQ(UNIT[unit].X, crosses ? 15 : 5) << type;
-        EXPECT_EQ(UNIT[unit].MOVEPOINTS2, crosses ? 18 : 24) << type;
-        EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, crosses ? 1 : 0) << type;
-        EXPECT_EQ(UNIT[unit].MOVESTATUS, crosses ? 1 : 0) << type;
-        EXPECT_EQ(UNIT[unit].TIMEREGR, crosses ? 2 : 0) << type;
+        EXPECT_TRUE(Has(UNIT[unit], crosses ? "X 15, MOVEPOINTS2 18, NUMBER_OF_NODES 1, MOVESTATUS 1, TIMEREGR 2"
+                                            : "X 5, MOVEPOINTS2 24, NUMBER_OF_NODES 0, MOVESTATUS 0, TIMEREGR 0"))
+            << type;
         EXPECT_EQ(Posted("B1 cannot cross river without bridging!"), !crosses) << type;
     }
 }
@@ -277,24 +221,21 @@ TEST(Movement_Refusals, ARiverStopsAllButThoseWhoCanCross)
 TEST(Movement_Refusals, ImpassableGroundStopsVehiclesButNotFootOrConvoys)
 {
     struct CASE {
-        int MOBILITY, SIZE;
-        bool REFUSED;
-        int COST;
+        const char *WHO, *AFTER;
     };
-    for (const CASE& c :
-         {CASE{0, 3, false, 2}, CASE{1, 3, true, 0}, CASE{2, 3, true, 0}, CASE{1, 100, false, 24}}) {
+    for (const CASE& c : {CASE{"MOBILITY 0", "NUMBER_OF_NODES 1, MOVEPOINTS2 22"},
+                          CASE{"MOBILITY 1", "NUMBER_OF_NODES 0, MOVEPOINTS2 24"},
+                          CASE{"MOBILITY 2", "NUMBER_OF_NODES 0, MOVEPOINTS2 24"},
+                          CASE{"MOBILITY 1, SIZE 100", "NUMBER_OF_NODES 1, MOVEPOINTS2 0"}}) {
         Board board({".6........"});
         const int unit = board.Place(RED, 5, 5);
-        UNIT[unit].MOBILITY = c.MOBILITY;
-        UNIT[unit].SIZE = c.SIZE;
+        Give(UNIT[unit], c.WHO);
         Plot(unit, {{95, 5}});
         Move_Units(unit);
-        EXPECT_EQ(Posted("R301 cannot traverse this terrain!"), c.REFUSED);
-        EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, c.REFUSED ? 0 : 1);
-        EXPECT_EQ(24 - UNIT[unit].MOVEPOINTS2, c.COST);
-        if (c.REFUSED) {
-            EXPECT_EQ(SITREPLIST[1].SIDE, RED);
-        }
+        EXPECT_TRUE(Has(UNIT[unit], c.AFTER)) << c.WHO;
+        const bool refused = UNIT[unit].NUMBER_OF_NODES == 0;
+        EXPECT_EQ(Posted("R301 cannot traverse this terrain!"), refused) << c.WHO;
+        EXPECT_EQ(SITREPLIST[1].SIDE, refused ? RED : 0) << c.WHO;
     }
 }
 
@@ -324,11 +265,9 @@ TEST(Movement_Legs, TheNextLegStartsWhereTheUnitStandsAndTheLastNodeEndsTheMarch
     for (int step = 0; step < 3; ++step) Move_Units(unit);
     EXPECT_TRUE(Has(UNIT[unit], "X 45, MOVESTATUS 0, TACOPN 1, MISSION Hasty Defense"));
     EXPECT_TRUE(Posted("B2 is at it's final destination!"));
-    EXPECT_EQ(UNIT[unit].MOVECOST_TO_END, 0);
     EXPECT_EQ(Count_Used(MN, 1, MAX_MN), 0);
-    // One for each node, one for the message.
-    EXPECT_EQ(UNIT[unit].C2T, 3);
-    Move_Units(unit);   // without nodes nothing more happens
+    EXPECT_TRUE(Has(UNIT[unit], "MOVECOST_TO_END 0, C2T 3"));   // traffic of two nodes and of the message
+    Move_Units(unit);                                           // without nodes nothing more happens
     EXPECT_EQ(UNIT[unit].X, 45);
 }
 
@@ -343,8 +282,8 @@ TEST(Movement_Legs, AScreenKeepsItsMissionAndSaysNothing)
     EXPECT_TRUE(Messages().empty());
     // Footprint 80 on security (8 x 10): the line's ends lie 56 to each side of (15, 55), north and south of it.
     // Due east reads as 95 degrees (a difference of 0 down the map counts as 1): sin 5 = 0.0872, cos 5 = 0.9962.
-    EXPECT_TRUE(Has(UNIT[unit], "FACING 95, LX 20"));   // LX: 15 + 56 x 0.0872
-    EXPECT_TRUE(Has(UNIT[unit], "LY -1, RY 111"));      // LY: 55 - 56 x 0.9962
+    // 15 + 56 x 0.0872 and 55 - 56 x 0.9962
+    EXPECT_TRUE(Has(UNIT[unit], "FACING 95, LX 20, LY -1, RY 111"));
 }
 
 TEST(Movement_Legs, ARiverHaltsOnTheWayAndEndsTheMarchAtTheLastNode)
@@ -354,9 +293,8 @@ TEST(Movement_Legs, ARiverHaltsOnTheWayAndEndsTheMarchAtTheLastNode)
     Plot(unit, {{25, 5}, {65, 5}});
     Move_Units(unit);
     Move_Units(unit);
-    EXPECT_EQ(UNIT[unit].X, 25);
-    EXPECT_EQ(UNIT[unit].MOVESTATUS, 1);   // the node in the river is reached, and the unit halts all the same
-    EXPECT_TRUE(Has(UNIT[unit], "NUMBER_OF_NODES 1, DISTANCE_IN_HEXES 4"));
+    // The node in the river is reached, and the unit halts all the same.
+    EXPECT_TRUE(Has(UNIT[unit], "X 25, MOVESTATUS 1, NUMBER_OF_NODES 1, DISTANCE_IN_HEXES 4"));
     Move_Units(unit);
     EXPECT_EQ(UNIT[unit].X, 25);
     UNIT[unit].MOVESTATUS = 2;
@@ -372,14 +310,11 @@ TEST(Movement_Legs, ARetreatRouteIsWalkedOnlyByARetreat)
     Plot(unit, {{95, 5}});
     Movement();
     EXPECT_EQ(UNIT[unit].X, 5);
-    static std::string logged;
-    logged.clear();
-    Listen_To_Log([](std::string_view line) { logged += line; });
+    const Log_Lines log;
     UNIT[unit].MOVESTATUS = 5;
     Move_Units(unit);
-    Listen_To_Log(nullptr);
     EXPECT_TRUE(Has(UNIT[unit], "X 15, MOVESTATUS 5"));
-    EXPECT_EQ(logged, "B1 is attempting to retreat!");
+    EXPECT_EQ(log.All(), std::vector<std::string>{"B1 is attempting to retreat!"});
 }
 
 TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
@@ -399,22 +334,22 @@ TEST(Movement_Hazards, AnObstacleUnderTheUnitHaltsIt)
 TEST(Movement_Hazards, ContaminationIsMeasuredFromThePlaceThatTheUnitLeaves)
 {
     struct CASE {
-        int X, TYPE, MOPP;
+        int MOPP;
+        const char* CLOUD;
         bool INSIDE;
     };
-    // Footprint 40 and a cloud 30 wide: nearer than 20 + 15.
-    const CASE cases[] = {
-        {34, 21, 2, true}, {35, 21, 2, false}, {34, 11, 3, true}, {34, 20, 2, false}, {34, 21, 4, false}};
-    for (const CASE& c : cases) {
+    // Footprint 40 and a cloud 30 wide: nearer than 20 + 15 to 5.
+    for (const CASE& c : {CASE{2, "NBCX 39, NBCTYPE 21", true}, CASE{2, "NBCX 40, NBCTYPE 21", false},
+                          CASE{3, "NBCX 39, NBCTYPE 11", true}, CASE{2, "NBCX 39, NBCTYPE 20", false},
+                          CASE{4, "NBCX 39, NBCTYPE 21", false}}) {
         Board board(20, 5);
         const int unit = board.Place(BLUE, 5, 45);
         UNIT[unit].MOPP = c.MOPP;
-        NBC[3].NBCTYPE = c.TYPE;
-        NBC[3].NBCX = 5 + c.X;
+        Give(NBC[3], c.CLOUD);
         Give(NBC[3], "NBCY 45, NBCSIZE 30");
         Plot(unit, {{195, 45}});
         Move_Units(unit);
-        EXPECT_EQ(Posted("B1 is inside a contaminated area!"), c.INSIDE) << c.X << " " << c.TYPE << " " << c.MOPP;
+        EXPECT_EQ(Posted("B1 is inside a contaminated area!"), c.INSIDE) << c.CLOUD << ", MOPP " << c.MOPP;
     }
 }
 
@@ -426,8 +361,7 @@ TEST(Movement_Phase, UnitsThatAreGoneOrUnderwayElsewhereAreLeftAlone)
     UNIT[unit].STATUS = 0;
     Movement();
     EXPECT_TRUE(Has(UNIT[unit], "X 5, FATIGUE 2"));
-    UNIT[unit].STATUS = 2;
-    UNIT[unit].NUMBER_OF_NODES = 0;   // says it moves, and has no node
+    Give(UNIT[unit], "STATUS 2, NUMBER_OF_NODES 0");   // says it moves, and has no node
     Movement();
     EXPECT_TRUE(Has(UNIT[unit], "X 5, MOVESTATUS 0"));
 }

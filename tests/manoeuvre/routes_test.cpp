@@ -55,15 +55,11 @@ TEST(Route, TheFirstLegIsSetUpAndTheWholeIsSummed)
     // 5): (35, 30) in row 4, open 1; (45, 35) river 6.
     Plot(unit, {{25, 25}, {45, 35}});
     EXPECT_TRUE(Has(UNIT[unit], "MOVECOST_TO_END 10, DISTANCE_TO_END 4, DISTANCE_IN_HEXES 2, MOVEX 10, MOVEY 10"));
-    EXPECT_TRUE(Has(UNIT[unit], "X1 5, NUMBER_OF_NODES 2, MOVESTATUS 2"));
-    EXPECT_EQ(UNIT[unit].TIME_TO_END, 3);   // 10 / 4, rounded up
+    EXPECT_TRUE(Has(UNIT[unit], "X1 5, NUMBER_OF_NODES 2, MOVESTATUS 2, TIME_TO_END 3"));   // 10 / 4, rounded up
     EXPECT_TRUE(Has(MN[2], "MNUNITNUMBER 2, MNSIDE BLUE"));
-}
-
-TEST(Route, ANodeInTheOwnCellIsAStepOfNoDistance)
-{
-    Board board({"1...."});
-    const int unit = board.Place(BLUE, 5, 5);
+    // A node in the own cell is a step of no distance.
+    HEXMAP[1].TVALUE = 1;
+    Clear_Route(unit);
     Plot(unit, {{8, 8}});
     EXPECT_TRUE(Has(UNIT[unit], "DISTANCE_TO_END 0, DISTANCE_IN_HEXES 1, MOVEX 3, MOVECOST_TO_END 2"));
 }
@@ -103,11 +99,9 @@ TEST(Route, ASideHasThreeHundredNodesAndAFullHalfRefusesWithoutAWord)
     const int blue = board.Place(BLUE, 5, 5), starved = board.Place(BLUE, 5, 5), red = board.Place(RED, 35, 5);
     for (int n = 1; n <= 300; ++n) Plot(blue, {{n % 2 == 1 ? 15 : 5, 5}});
     EXPECT_TRUE(Has(UNIT[blue], "NUMBER_OF_NODES 300, MOVECOST_TO_END 300"));
-    UNIT[starved].OX1 = UNIT[starved].OY2 = 9;
+    UNIT[starved].OX1 = UNIT[starved].OY2 = 9;   // the destinations of the computer's plan go all the same
     EXPECT_EQ(Plot(starved, {{15, 5}}), 0);
-    EXPECT_TRUE(Has(UNIT[starved], "NUMBER_OF_NODES 0, MOVESTATUS 0"));
-    EXPECT_EQ(UNIT[starved].OX1, 0);   // the destinations of the computer's plan go all the same
-    EXPECT_EQ(UNIT[starved].OY2, 0);
+    EXPECT_TRUE(Has(UNIT[starved], "NUMBER_OF_NODES 0, MOVESTATUS 0, OX1 0, OY2 0"));
     EXPECT_EQ(Plot(red, {{25, 5}}), 301);
     EXPECT_EQ(MN[301].MNSIDE, RED);
     Add_Move_Node(starved, 301, 15, 5);   // taken

@@ -9,11 +9,16 @@ namespace {
 int Value_Of(char c)
 {
     switch (c) {
-    case '=': return 7;
-    case '~': return 5;
-    case '#': return 4;
-    case 'S': return 10;
-    default: return c >= '1' && c <= '6' ? c - '0' : 0;
+    case '=':
+        return 7;
+    case '~':
+        return 5;
+    case '#':
+        return 4;
+    case 'S':
+        return 10;
+    default:
+        return c >= '1' && c <= '6' ? c - '0' : 0;
     }
 }
 
