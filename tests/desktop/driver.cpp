@@ -116,29 +116,27 @@ void Player::Hold_Key(int key, bool down)
 
 QPoint Player::On_Screen(int x, int y) { return Map().mapFromScene(QPointF(x, y)); }
 
-void Player::Click(int x, int y, Qt::MouseButton button)
+void Player::Send_Mouse(QEvent::Type type, QPointF at, Qt::MouseButton what, Qt::MouseButtons held)
 {
     QWidget* ground = Map().viewport();
+    QMouseEvent event(type, at, ground->mapToGlobal(at), what, held, Qt::NoModifier);
+    QApplication::sendEvent(ground, &event);
+}
+
+void Player::Click(int x, int y, Qt::MouseButton button)
+{
     const QPointF at = On_Screen(x, y);
-    const QPointF global = ground->mapToGlobal(at);
-    QMouseEvent press(QEvent::MouseButtonPress, at, global, button, button, Qt::NoModifier);
-    QApplication::sendEvent(ground, &press);
-    QMouseEvent release(QEvent::MouseButtonRelease, at, global, button, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(ground, &release);
+    Send_Mouse(QEvent::MouseButtonPress, at, button, button);
+    Send_Mouse(QEvent::MouseButtonRelease, at, button, Qt::NoButton);
     Wait();
 }
 
 void Player::Drag(QPoint from, QPoint to, Qt::MouseButton button)
 {
-    QWidget* ground = Map().viewport();
-    const auto send = [&](QEvent::Type type, QPointF at, Qt::MouseButton what, Qt::MouseButtons held) {
-        QMouseEvent event(type, at, ground->mapToGlobal(at), what, held, Qt::NoModifier);
-        QApplication::sendEvent(ground, &event);
-    };
-    send(QEvent::MouseButtonPress, from, button, button);
+    Send_Mouse(QEvent::MouseButtonPress, from, button, button);
     for (int step = 1; step <= 8; ++step)
-        send(QEvent::MouseMove, QPointF(from) + QPointF(to - from) * step / 8, Qt::NoButton, button);
-    send(QEvent::MouseButtonRelease, to, button, Qt::NoButton);
+        Send_Mouse(QEvent::MouseMove, QPointF(from) + QPointF(to - from) * step / 8, Qt::NoButton, button);
+    Send_Mouse(QEvent::MouseButtonRelease, to, button, Qt::NoButton);
     Wait();
 }
 

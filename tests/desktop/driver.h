@@ -4,6 +4,7 @@
 #include "desktop/main_window.h"
 #include "support/small_battle.h"
 
+#include <QEvent>
 #include <QPoint>
 #include <QSize>
 #include <QString>
@@ -33,6 +34,7 @@ public:
     bool Choose(Cmd id);   ///< a button or menu of a command
     void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Hold_Key(int key, bool down);
+    void Send_Mouse(QEvent::Type type, QPointF at, Qt::MouseButton what, Qt::MouseButtons held);
     void Click(int x, int y, Qt::MouseButton button = Qt::LeftButton);   ///< picture pixels
     void Drag(QPoint from, QPoint to, Qt::MouseButton button);           ///< viewport pixels
     QPoint On_Screen(int x, int y);                                      ///< picture pixels to viewport pixels

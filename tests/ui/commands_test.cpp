@@ -222,17 +222,20 @@ TEST_F(Planning, EscapeGoesBackStepByStepAndAsksLast)
 
 TEST_F(Planning, OptionsSetTheirValueAndSaySo)
 {
-    const std::pair<Cmd, const char*> told[] = {
-        {Cmd::TURN_15, "We are now playing 15 minute turns!"},
-        {Cmd::TURN_ONE_HOUR, "We are now playing one hour turns!"},
-        {Cmd::TURN_TWO_HOURS, "We are now playing two hour turns!"},
-        {Cmd::ELINT_DETAILED, "ELINT model has been set to detailed."},
+    const struct {
+        Cmd ID;
+        int LENGTH;
+        const char* WORDS;
+    } options[] = {
+        {Cmd::TURN_15, 2, "We are now playing 15 minute turns!"},
+        {Cmd::TURN_ONE_HOUR, 1, "We are now playing one hour turns!"},
+        {Cmd::TURN_TWO_HOURS, 0, "We are now playing two hour turns!"},
+        {Cmd::ELINT_DETAILED, 0, "ELINT model has been set to detailed."},
     };
-    int length = 2;
-    for (const auto& [option, words] : told) {
-        Run_Command(option);
-        EXPECT_EQ(TurnLength, std::max(length--, 0));
-        EXPECT_TRUE(board.SCREEN.Heard("box", words));
+    for (const auto& option : options) {
+        Run_Command(option.ID);
+        EXPECT_EQ(TurnLength, option.LENGTH);
+        EXPECT_TRUE(board.SCREEN.Heard("box", option.WORDS));
     }
     EXPECT_EQ(ELINTDetail, 1);
     board.SCREEN.ANSWERS = {false, true};

@@ -194,6 +194,13 @@ TEST_F(Plot_Test, TheArrivalAreaIsMarkedBeforeTheUnitArrives)
     cmdPlot(PLOT_ARRIVAL);
     EXPECT_EQ(MapMode, 0);
     UNIT[unit].ATIME = GTURN + 1;
+    Show_Picture(unit);
+    cmdPlot(PLOT_ARRIVAL);
+    EXPECT_FALSE(SEAT.PICTURE[unit]);
+    Step_Back();   // not marked: the unit stays on the map
+    EXPECT_EQ(MapMode, 0);
+    EXPECT_TRUE(SEAT.PICTURE[unit]);
+    EXPECT_EQ(UNIT[unit].OFFMAP, 0);
     cmdPlot(PLOT_ARRIVAL);
     EXPECT_EQ(MapMode, 15);
     EXPECT_TRUE(board.SCREEN.Heard(
@@ -203,18 +210,6 @@ TEST_F(Plot_Test, TheArrivalAreaIsMarkedBeforeTheUnitArrives)
     EXPECT_EQ(UNIT[unit].X, -1000);
     EXPECT_EQ(UNIT[unit].ARX, 95);
     EXPECT_EQ(UNIT[unit].OFFMAP, 1);
-}
-
-TEST_F(Plot_Test, AnArrivalThatIsNotMarkedLeavesTheUnitOnTheMap)
-{
-    UNIT[unit].ATIME = GTURN + 2;
-    Show_Picture(unit);
-    cmdPlot(PLOT_ARRIVAL);
-    EXPECT_FALSE(SEAT.PICTURE[unit]);
-    Step_Back();
-    EXPECT_EQ(MapMode, 0);
-    EXPECT_TRUE(SEAT.PICTURE[unit]);
-    EXPECT_EQ(UNIT[unit].OFFMAP, 0);
 }
 
 TEST_F(Plot_Test, TurnsAndMagicMovesActAtOnce)

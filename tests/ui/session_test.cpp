@@ -225,35 +225,6 @@ TEST_F(Program, AFailedSaveKeepsTheQuestionAndTheName)
     EXPECT_GT(SCREEN.Count("box", "Stonemarch|"), 0);
 }
 
-TEST_F(Program, WhileATurnRunsNothingIsOrderedAndLeavingWaitsForItsEnd)
-{
-    Open();
-    Get_Unit(2);
-    struct Impatient : Headless_Platform {
-        bool ALLOWED = false;
-        int ASKED = 0;
-        void Delay(int) override
-        {
-            for (const COMMAND& c : Commands())
-                if ((c.NEEDS & Need::NO_TURN) != 0 && Command_Allowed(c.ID)) ALLOWED = true;
-            ALLOWED = ALLOWED || Map_Order_Click(450, 450) != Order_Click::NOTHING;
-            if (May_Leave()) ALLOWED = true;
-        }
-        bool Ask(std::string_view, std::string_view) override
-        {
-            ++ASKED;
-            return true;
-        }
-    } screen;
-    Use_Screen(&screen);
-    cmdGO_Click();
-    EXPECT_FALSE(screen.ALLOWED);
-    EXPECT_EQ(screen.ASKED, 1);   // once yes, it is not asked again
-    EXPECT_TRUE(DESK.LEAVING);
-    EXPECT_EQ(WINDOW.CLOSED, 1);   // after the turn
-    EXPECT_TRUE(May_Leave());
-}
-
 TEST_F(Program, WhenTheBattleIsOverNobodyPlans)
 {
     Open();

@@ -64,14 +64,3 @@ TEST(Sounds, EveryCueIsShortAudibleAndUnclipped)
 }
 
 TEST(Sounds, TheOpeningSoundLastsUnderSixSeconds) { Expect_Playable("smintro1.wav", 6000); }
-
-TEST(Sounds, MakingThemAgainGivesTheSameBytes)
-{
-    const Scratch_Folder again;
-    const COMMAND_RESULT made = Run_Command(
-        "PYTHONHASHSEED=7 LC_ALL=C " STONEMARCH_SOURCE_DIR "/tools/make_sounds " + again.Path().string());
-    ASSERT_EQ(made.STATUS, 0) << made.PRINTED;
-    for (int cue = 1; cue <= 15; ++cue)
-        EXPECT_EQ(File_Content(again / Sound_File(cue)), File_Content(HOME / Sound_File(cue))) << cue;
-    EXPECT_EQ(File_Content(again / "smintro1.wav"), File_Content(HOME / "smintro1.wav"));
-}
