@@ -49,28 +49,25 @@ const std::set<int> ON_THE_MAP = {32, 48, 96};
 
 }   // namespace
 
-TEST(IconNames, TheLastCharacterIsTheSizePlusOne)
+TEST(IconNames, TheLastCharacterIsTheSizePlusOneAndWhatABrokenFileHoldsStillNamesAPicture)
 {
-    EXPECT_EQ(Unit_Icon_Name(1, 1, 2), "bada3.ico");   // the unit that the builder starts with, a battery
-    EXPECT_EQ(Unit_Icon_Name(2, 1, 2), "rada3.ico");
-    EXPECT_EQ(Unit_Icon_Name(1, 20, 0), "bmech1.ico");
-    EXPECT_EQ(Unit_Icon_Name(2, 18, 6), "rhq7.ico");
-}
-
-TEST(IconNames, ConvoysAndLinesOfCommunicationHaveTheirOwn)
-{
-    EXPECT_EQ(Unit_Icon_Name(1, 13, 100), "btrk.ico");
-    EXPECT_EQ(Unit_Icon_Name(2, 13, 100), "rtrk.ico");
-    EXPECT_EQ(Unit_Icon_Name(1, 50, 0), "bspt7.ico");
-    EXPECT_EQ(Unit_Icon_Name(2, 50, 0), "rspt7.ico");
-}
-
-TEST(IconNames, ARoleOrSizeFromABrokenFileStillNamesAPicture)
-{
-    EXPECT_EQ(Unit_Icon_Name(1, 27, 3), "buser4.ico");
-    EXPECT_EQ(Unit_Icon_Name(1, -1, 3), "buser4.ico");
-    EXPECT_EQ(Unit_Icon_Name(2, 5, 7), "rar7.ico");
-    EXPECT_EQ(Unit_Icon_Name(2, 5, -1), "rar1.ico");
+    struct ICON {
+        int SIDE, ROLE, SIZE;
+        const char* NAME;
+    };
+    for (const ICON& icon : {ICON{1, 1, 2, "bada3.ico"},   // the unit that the builder starts with, a battery
+                             {2, 1, 2, "rada3.ico"},
+                             {1, 20, 0, "bmech1.ico"},
+                             {2, 18, 6, "rhq7.ico"},
+                             {1, 13, 100, "btrk.ico"},
+                             {2, 13, 100, "rtrk.ico"},   // convoys
+                             {1, 50, 0, "bspt7.ico"},
+                             {2, 50, 0, "rspt7.ico"},   // lines of communication
+                             {1, 27, 3, "buser4.ico"},
+                             {1, -1, 3, "buser4.ico"},
+                             {2, 5, 7, "rar7.ico"},
+                             {2, 5, -1, "rar1.ico"}})
+        EXPECT_EQ(Unit_Icon_Name(icon.SIDE, icon.ROLE, icon.SIZE), icon.NAME);
 }
 
 TEST(Pictures, EveryRoleSizeAndSideHasOneLikeNoOther)

@@ -6,6 +6,7 @@
 #include "persist/game_file.h"
 #include "support/board.h"
 #include "support/log_lines.h"
+#include "support/numbers.h"
 #include "support/small_battle.h"
 
 #include <gtest/gtest.h>
@@ -59,12 +60,10 @@ TEST_F(Session, StartUpLogsItsStepsAndSetsTheDefaults)
     EXPECT_TRUE(File_Content(HOME / "SM.log").starts_with("          ****************"));
     EXPECT_GT(WPN.Count(), 0);
     EXPECT_EQ(GAMEVERSION, "Version 2.04 --- 3 Jan 05");
-    EXPECT_EQ(GTIME, "0900");
-    EXPECT_EQ(GDAY, "9");
-    EXPECT_EQ(GMONTH, "Feb");
-    const std::vector<int> set{GTURN, BMNT,  EENT, WINDD,  AIRSUPER, MAXGTURN, BLOCSIDE,   RLOCSIDE, SCENARIOT,
-                               BFOBJ, RFOBJ, AARN, BFIREF, RFIREF,   PlanSide, TurnLength, SoundOn,  TurnsPlayed};
-    EXPECT_EQ(set, (std::vector<int>{-1, 600, 2100, 1, 50, 15, 3, 1, 1, 1, 1, 0, 50, 50, 3, 0, 1, 0}));
+    EXPECT_EQ(Cat(GTIME, " ", GDAY, " ", GMONTH), "0900 9 Feb");
+    EXPECT_EQ(Row(GTURN, BMNT, EENT, WINDD, AIRSUPER, MAXGTURN, BLOCSIDE, RLOCSIDE, SCENARIOT, BFOBJ, RFOBJ, AARN),
+              Row(-1, 600, 2100, 1, 50, 15, 3, 1, 1, 1, 1, 0));
+    EXPECT_EQ(Row(BFIREF, RFIREF, PlanSide, TurnLength, SoundOn, TurnsPlayed), Row(50, 50, 3, 0, 1, 0));
     EXPECT_EQ(MessageDelay, 2000.0f);
 
     Start_Up(1280, 1024);
@@ -76,41 +75,21 @@ TEST_F(Session, StartUpLogsItsStepsAndSetsTheDefaults)
                                 "Adjust your screen settings and restart the program.");
 }
 
-TEST_F(Session, EachGameTypeHasItsLabelTitleRoleAndSeat)
+TEST_F(Session, ChoosingAGameTypePutsTheGameBeforeAway)
 {
-    struct TYPE {
-        const char *LABEL, *TITLE;
-        int ROLE, USER;
-    };
-    // clang-format off
-    static constexpr TYPE TYPES[] = {
-        {"Two-player Hot-Seat",          "Stonemarch -- Two-Player Hotseat",       0, 3},
-        {"Blue Player Play by  Email",   "Stonemarch -- Blue Player PBEM",         0, 1},
-        {"Red Player Play by  Email",    "Stonemarch -- Red Player PBEM",          0, 2},
-        {"Blue Player vs. Red Computer", "Stonemarch -- Blue Player vs Computer",  0, 1},
-        {"Red Player vs. Blue Computer", "Stonemarch -- Red Player vs Computer",   0, 2},
-        {"Game Editor",                  "Stonemarch -- Game Editor",              0, 5},
-        {"Exit Game",                    nullptr,                                  0, 0},
-        {"Multi-player (Host)",          "Stonemarch -- Multi-player -- ",         1, 3},
-        {"Multi-player (Caller)",        "Stonemarch -- Multi-player -- ",         2, 3},
-        {"Watch AAR Tape",               "Stonemarch -- AAR Playback",             0, 3},
-    };
-    // clang-format on
     for (int type = 0; type < GAME_TYPES; ++type) {
-        EXPECT_STREQ(Game_Type_Row(type).LABEL, TYPES[type].LABEL);
         GameLoaded = GameOver = AARPlaying = -1;
         PBMT = 3;
         ActiveSide = PlanSide = ViewMode = BlueDone = RedDone = 1;
-        EXPECT_EQ(Choose_Game_Type(type), type != 6);
+        EXPECT_EQ(Choose_Game_Type(type), type != 6) << "6 leaves the game";
         if (type == 6) continue;
-        EXPECT_EQ(WindowTitle, TYPES[type].TITLE);
-        EXPECT_EQ((std::vector<int>{GameType, PlayType, NetRole, UserSide}),
-                  (std::vector<int>{type, type, TYPES[type].ROLE, TYPES[type].USER}));
-        EXPECT_EQ((std::vector<int>{GameLoaded, GameOver, AARPlaying, PBMT, ViewMode, BlueDone, RedDone}),
-                  std::vector<int>(7, 0));
-        EXPECT_EQ(ActiveSide, 3);
-        EXPECT_EQ(PlanSide, 3);
+        EXPECT_EQ(Row(GameType, PlayType, NetRole), Row(type, type, type == 7 ? 1 : type == 8 ? 2 : 0));
+        EXPECT_EQ(Row(GameLoaded, GameOver, AARPlaying, PBMT, ViewMode, BlueDone, RedDone, ActiveSide, PlanSide),
+                  Row(0, 0, 0, 0, 0, 0, 0, 3, 3));
     }
+    Choose_Game_Type(9);
+    EXPECT_EQ(UserSide, 3);
+    EXPECT_EQ(WindowTitle, "Stonemarch -- AAR Playback");
 }
 
 TEST_F(Session, ALoadSeatsTheSideThatPlansAndShowsItWhatItMaySee)
@@ -127,10 +106,8 @@ TEST_F(Session, ALoadSeatsTheSideThatPlansAndShowsItWhatItMaySee)
         MapMode = 10;
         GameFileName = SCENARIO;
         ASSERT_TRUE(Load_Game()) << s.TYPE;
-        EXPECT_EQ((std::vector<int>{ActiveSide, PlanSide, UserSide}), (std::vector<int>{s.ACTIVE, s.PLAN, s.USER}))
-            << s.TYPE;
-        EXPECT_EQ((std::vector<int>{GameLoaded, GameOver, AARPlaying, ViewMode, SelUnit, MapMode}),
-                  (std::vector<int>{-1, 0, 0, 0, 0, 0}));
+        EXPECT_EQ(Row(ActiveSide, PlanSide, UserSide), Row(s.ACTIVE, s.PLAN, s.USER)) << s.TYPE;
+        EXPECT_EQ(Row(GameLoaded, GameOver, AARPlaying, ViewMode, SelUnit, MapMode), Row(-1, 0, 0, 0, 0, 0));
         // Unit 1 is Blue's; of Red's, 301 is unknown to Blue and 302 known.
         EXPECT_EQ(SEAT.PICTURE[1], s.PLAN != 2) << s.TYPE;
         EXPECT_EQ(SEAT.PICTURE[301], s.PLAN != 1) << s.TYPE;
@@ -169,8 +146,7 @@ TEST_F(Session, NothingOfTheGameBeforeCountsInTheOneThatIsLoaded)
 TEST_F(Session, LinesOfCommunicationAreMadeBeforeTheFirstTurnOnly)
 {
     ASSERT_TRUE(Open(0));
-    EXPECT_EQ(UNIT[300].TYPE, 50);
-    EXPECT_EQ(UNIT[600].TYPE, 50);
+    EXPECT_EQ(Row(UNIT[300].TYPE, UNIT[600].TYPE), Row(50, 50));
     UNIT[300] = UNIT[600] = UNIT_RECORD{};
     GTURN = 1;
     Save_As_Scenario();
@@ -187,12 +163,8 @@ TEST_F(Session, TheWayLeftIsCountedFromTheNodesUnlessTheFileTellsIt)
         UNIT[u].NUMBER_OF_MOVES = 3;
         UNIT[u].NUMBER_OF_NODES = 2;
         for (int n = 1; n <= 2; ++n) {
-            MN_RECORD& node = MN[2 * u - n + 1];   // the second node in the lower row
-            node.MNUNIT = u;
-            node.MNSIDE = BLUE;
-            node.MNUNITNUMBER = n;
-            node.MNX = n == 1 ? 330 : 360;
-            node.MNY = n == 1 ? 306 : 360;
+            // the second node in the lower row
+            MN[2 * u - n + 1] = {u, n, BLUE, n == 1 ? 330 : 360, n == 1 ? 306 : 360};
         }
     }
     UNIT[3].NUMBER_OF_MOVES = 3;
@@ -202,9 +174,7 @@ TEST_F(Session, TheWayLeftIsCountedFromTheNodesUnlessTheFileTellsIt)
     Put_File(SCENARIO, text);
     ASSERT_TRUE(Open(0));
     // Cells of 6 pixels: columns 51, 56, 61 and rows 51, 52, 61: 5 of the leg less 3 made, and 9 of the next.
-    EXPECT_EQ(UNIT[1].DISTANCE_TO_END, 11);
-    EXPECT_EQ(UNIT[2].DISTANCE_TO_END, 44);
-    EXPECT_EQ(UNIT[3].DISTANCE_TO_END, 0);
+    EXPECT_EQ(Row(UNIT[1].DISTANCE_TO_END, UNIT[2].DISTANCE_TO_END, UNIT[3].DISTANCE_TO_END), Row(11, 44, 0));
 }
 
 TEST_F(Session, AFailedLoadLeavesNoGame)
@@ -214,6 +184,6 @@ TEST_F(Session, AFailedLoadLeavesNoGame)
     GameFileName = (HOME / "none.btl").string();
     EXPECT_FALSE(Load_Game());
     EXPECT_TRUE(SCREEN.Heard("box", "Stonemarch|Error: 53"));
-    EXPECT_EQ((std::vector<int>{GameLoaded, GTURN, ActiveSide, PlanSide}), (std::vector<int>{0, -1, 3, 3}));
+    EXPECT_EQ(Row(GameLoaded, GTURN, ActiveSide, PlanSide), Row(0, -1, 3, 3));
     EXPECT_FALSE(Choose_Side(1));
 }

@@ -1,32 +1,25 @@
 #include "core/clock.h"
 #include "support/board.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 using namespace sm;
 using namespace sm::test;
 
 namespace {
 
-struct MOMENT {
-    const char* TIME;
-    const char* DAY;
-    const char* MONTH;
-};
-
-/// The clock after one turn of a length.
-MOMENT After(int turn_length, const char* time, const char* day = "9", const char* month = "Feb")
+/// The clock after one turn of a length: "hour day month".
+std::string After(int turn_length, const char* time, const char* day = "9", const char* month = "Feb")
 {
-    static std::string text[3];
     TurnLength = turn_length;
     GTIME = time;
     GDAY = day;
     GMONTH = month;
     Advance_Clock();
-    text[0] = GTIME.Str();
-    text[1] = GDAY.Str();
-    text[2] = GMONTH.Str();
-    return {text[0].c_str(), text[1].c_str(), text[2].c_str()};
+    return Cat(GTIME, " ", GDAY, " ", GMONTH);
 }
 
 }   // namespace
@@ -34,37 +27,21 @@ MOMENT After(int turn_length, const char* time, const char* day = "9", const cha
 TEST(Clock, MidnightIsWrittenWithThreeZerosAndTheDayChangesAtTheTurnAfterIt)
 {
     Board board(2, 2);
-    EXPECT_STREQ(After(0, "0900").TIME, "1100");
-    MOMENT m = After(0, "2300");
-    EXPECT_STREQ(m.TIME, "0100");
-    EXPECT_STREQ(m.DAY, "10");
-    m = After(0, "2200");
-    EXPECT_STREQ(m.TIME, "000");
-    EXPECT_STREQ(m.DAY, "9");
-    m = After(0, "000");
-    EXPECT_STREQ(m.TIME, "0200");
-    EXPECT_STREQ(m.DAY, "10");
-    EXPECT_STREQ(After(1, "2300").TIME, "000");
-    EXPECT_STREQ(After(1, "000").DAY, "10");
-    EXPECT_STREQ(After(2, "0945").TIME, "1000");
-    EXPECT_STREQ(After(2, "2345").TIME, "000");
-    m = After(2, "000");
-    EXPECT_STREQ(m.TIME, "0015");
-    EXPECT_STREQ(m.DAY, "10");
-    EXPECT_STREQ(After(2, "0950").TIME, "0965");   // only quarters of an hour meet the full hour
-    EXPECT_STREQ(After(0, "2147483647").TIME, "30567");   // 32767 at most, 200 on, a day less
+    const std::tuple<int, const char*, const char*> turns[] = {
+        {0, "0900", "1100 9 Feb"}, {0, "2300", "0100 10 Feb"}, {0, "2200", "000 9 Feb"},
+        {0, "000", "0200 10 Feb"}, {1, "2300", "000 9 Feb"},   {1, "000", "0100 10 Feb"},
+        {2, "0945", "1000 9 Feb"}, {2, "2345", "000 9 Feb"},   {2, "000", "0015 10 Feb"},
+        {2, "0950", "0965 9 Feb"}};   // only quarters of an hour meet the full hour
+    for (const auto& [length, time, after] : turns) EXPECT_EQ(After(length, time), after) << time;
+    EXPECT_TRUE(After(0, "2147483647").starts_with("30567 "));   // 32767 at most, 200 on, a day less
 }
 
 TEST(Clock, MonthsRollOnAndThereIsNoLeapDay)
 {
     Board board(2, 2);
-    const char* rolls[][4] = {{"28", "Feb", "01", "Mar"}, {"31", "Jan", "01", "Feb"}, {"30", "Apr", "01", "May"},
-                              {"31", "Dec", "01", "Jan"}, {"8", "Feb", "09", "Feb"},  {"30", "Jan", "31", "Jan"}};
-    for (const auto& roll : rolls) {
-        const MOMENT m = After(1, "000", roll[0], roll[1]);
-        EXPECT_STREQ(m.DAY, roll[2]) << roll[1];
-        EXPECT_STREQ(m.MONTH, roll[3]) << roll[1];
-    }
+    const char* rolls[][3] = {{"28", "Feb", "01 Mar"}, {"31", "Jan", "01 Feb"}, {"30", "Apr", "01 May"},
+                              {"31", "Dec", "01 Jan"}, {"8", "Feb", "09 Feb"},  {"30", "Jan", "31 Jan"}};
+    for (const auto& [day, month, next] : rolls) EXPECT_EQ(After(1, "000", day, month), Cat("0100 ", next));
     EXPECT_EQ(DDAY, 6);
 }
 
@@ -95,9 +72,7 @@ TEST(Clock, TheMorningGrantsAirStrikesOnceAndLeavesTheBombersAlone)
     After(0, "0300");
     EXPECT_EQ(BTOTAL, 0);
     After(0, "0500");   // 0700 in two-hour turns
-    EXPECT_EQ(BTOTAL, 12);
-    EXPECT_EQ(OTOTAL, 7);
-    EXPECT_EQ(BTOTAL2, 0);
+    EXPECT_EQ(Row(BTOTAL, OTOTAL, BTOTAL2), Row(12, 7, 0));
     EXPECT_EQ(board.SCREEN.Count("box", "The new ATO has arrived."), 1);
     BTOTAL = 1;
     After(1, "0600");   // 0700 grants nothing in one-hour turns

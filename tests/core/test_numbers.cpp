@@ -1,17 +1,15 @@
 #include "core/numbers.h"
 #include "core/text.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
 using namespace sm;
+using namespace sm::test;
 
 TEST(Numbers, ARealStoredIntoAFieldRoundsHalvesToEven)
 {
-    EXPECT_EQ(Int16(2.5f), 2);
-    EXPECT_EQ(Int16(3.5f), 4);
-    EXPECT_EQ(Int16(-2.5f), -2);
-    EXPECT_EQ(Int16(-3.5f), -4);
-    EXPECT_EQ(Int16(2.4999998f), 2);
+    EXPECT_EQ(Row(Int16(2.5f), Int16(3.5f), Int16(-2.5f), Int16(-3.5f), Int16(2.4999998f)), Row(2, 4, -2, -4, 2));
     EXPECT_EQ(Round_Even(-0.5), 0);
 }
 
@@ -30,10 +28,8 @@ TEST(Numbers, AFieldNeverWraps)
 
 TEST(Numbers, FloorAndTruncationPartBelowZero)
 {
-    EXPECT_EQ(Floor_Int(-2.5f), -3);
+    EXPECT_EQ(Row(Floor_Int(-2.5f), Floor_Int(-3.0f), Floor_Int(7.99f)), Row(-3, -3, 7));
     EXPECT_EQ(Truncate(-2.5f), -2);
-    EXPECT_EQ(Floor_Int(-3.0f), -3);
-    EXPECT_EQ(Floor_Int(7.99f), 7);
 }
 
 TEST(Numbers, WholeDivisionRoundsBothOperandsFirst)
@@ -71,17 +67,13 @@ TEST(Texts, AFixedTextIsPaddedCutAndReadWithoutItsTrailingBlanks)
 
 TEST(Texts, SplittingATokenKeepsWhatFollowsTheFirstDelimiter)
 {
-    std::string line = "KEY: a:b";
-    EXPECT_EQ(Split_Token(line, ':'), "KEY");
-    EXPECT_EQ(line, " a:b");
-    line = "end:";
-    EXPECT_EQ(Split_Token(line, ':'), "end");
-    EXPECT_EQ(line, "");
-    line = ":rest";
-    EXPECT_EQ(Split_Token(line, ':'), "");
-    EXPECT_EQ(line, "rest");
-    EXPECT_EQ(Split_Token(line, ':'), "rest");
-    EXPECT_EQ(line, "");
+    const char* splits[][3] = {
+        {"KEY: a:b", "KEY", " a:b"}, {"end:", "end", ""}, {":rest", "", "rest"}, {"rest", "rest", ""}};
+    for (const auto& [line, token, rest] : splits) {
+        std::string left = line;
+        EXPECT_EQ(Split_Token(left, ':'), token);
+        EXPECT_EQ(left, rest) << line;
+    }
 }
 
 TEST(Texts, WhatWouldBreakAFileOrAMessageIsReplacedAtTheEntry)

@@ -1,7 +1,11 @@
 #include "core/unit_reset.h"
 #include "support/board.h"
+#include "support/log_lines.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 using namespace sm;
 using namespace sm::test;
@@ -9,7 +13,7 @@ using namespace sm::test;
 namespace {
 
 /// STATUS of a unit of this role and strength after a reset.
-int Status_After(int type, float strength, int ew = 0)
+int Status_After(int type, float strength, int ew)
 {
     Board board(10, 10);
     const int u = board.Place(BLUE, 55, 55, type);
@@ -19,10 +23,12 @@ int Status_After(int type, float strength, int ew = 0)
     return UNIT[u].STATUS;
 }
 
-int Allowance(int mobility, int c2, int mopp, int turn_length)
+int Allowance(int mobility, int c2, int mopp, int turn_length, int type = 5, int size = 3, int control = 0)
 {
     Board board(10, 10);
-    const int u = board.Place(BLUE, 55, 55);
+    const int u = board.Place(BLUE, 55, 55, type);
+    UNIT[u].SIZE = size;
+    UNIT[u].UCONTROL = control;
     UNIT[u].MOBILITY = mobility;
     UNIT[u].C2 = c2;
     UNIT[u].MOPP = mopp;
@@ -35,14 +41,12 @@ int Allowance(int mobility, int c2, int mopp, int turn_length)
 
 TEST(Reset, StrengthDecidesWhoCanStillAct)
 {
-    EXPECT_EQ(Status_After(5, 36), 2);
-    EXPECT_EQ(Status_After(5, 35), 1);
-    EXPECT_EQ(Status_After(7, 35), 2);    // guns hold out to a tenth
-    EXPECT_EQ(Status_After(7, 9), 1);
-    EXPECT_EQ(Status_After(5, 35.5f), 1);
-    EXPECT_EQ(Status_After(5, 0.5f), 0);
-    EXPECT_EQ(Status_After(5, 0.5f, 2), 1);     // located by ELINT: ineffective
-    EXPECT_EQ(Status_After(5, 0.5f, 10), 5);    // jammed: keeps its row for a turn
+    const std::tuple<int, float, int, int> rows[] = {
+        {5, 36, 0, 2},   {5, 35.5f, 0, 1}, {5, 35, 0, 1},
+        {7, 35, 0, 2},   {7, 9, 0, 1},                          // guns hold out to a tenth
+        {5, 0.5f, 0, 0}, {5, 0.5f, 2, 1},  {5, 0.5f, 10, 5}};   // gone; located by ELINT; jammed: keeps its row
+    for (const auto& [type, strength, ew, status] : rows)
+        EXPECT_EQ(Status_After(type, strength, ew), status) << "role " << type << " at " << strength;
 }
 
 TEST(Reset, AJamLastsThisTurnAndTheNext)
@@ -51,12 +55,10 @@ TEST(Reset, AJamLastsThisTurnAndTheNext)
     const int u = board.Place(BLUE, 55, 55);
     UNIT[u].EWSTATUS = 10;
     Reset_Units();
-    EXPECT_EQ(UNIT[u].EWSTATUS, 5);
-    EXPECT_EQ(UNIT[u].STATUS, 2);
+    EXPECT_EQ(Row(UNIT[u].EWSTATUS, UNIT[u].STATUS), Row(5, 2));
     EXPECT_EQ(UNIT[u].MOVEPOINTS2, 22);   // 24 less 2 while degraded
     Reset_Units();
-    EXPECT_EQ(UNIT[u].EWSTATUS, 0);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 24);
+    EXPECT_EQ(Row(UNIT[u].EWSTATUS, UNIT[u].MOVEPOINTS2), Row(0, 24));
 }
 
 TEST(Reset, AUnitThatIsGoneTakesItsAttachmentsAndItsPassengerWithIt)
@@ -67,9 +69,7 @@ TEST(Reset, AUnitThatIsGoneTakesItsAttachmentsAndItsPassengerWithIt)
     UNIT[child].PARENT_UNIT = u;
     RSEED = 9;   // rolls 5, 5, 50: nobody gains heart
     Reset_Units();
-    EXPECT_EQ(UNIT[u].STATUS, 0);
-    EXPECT_EQ(UNIT[child].STATUS, 0);
-    EXPECT_EQ(UNIT[other].STATUS, 2);
+    EXPECT_EQ(Row(UNIT[u].STATUS, UNIT[child].STATUS, UNIT[other].STATUS), Row(0, 0, 2));
     EXPECT_EQ(UNIT[u].MOVEPOINTS2, 1);   // a free row holds 1
     EXPECT_TRUE(Messages().empty());     // without a word
 }
@@ -84,31 +84,12 @@ TEST(Reset, TheAllowanceIsBuiltStepByStep)
     EXPECT_EQ(Allowance(1, -1, 0, 2), 3);   // 24 / 8; a jammed C2 of -1 changes nothing
     EXPECT_EQ(Allowance(3, 0, 3, 1), 200);  // an aircraft has 400 whatever its state
     EXPECT_EQ(Allowance(10, 3, 0, 0), 1);   // a line of communication starts at 0
-}
-
-TEST(Reset, SpecialRolesHaveTheirOwnAllowance)
-{
+    for (const auto& [size, points] : {std::pair(4, 12), {3, 24}, {100, 48}})
+        EXPECT_EQ(Allowance(2, 3, 0, 0, 13, size), points) << "logistics of size " << size;
+    EXPECT_EQ(Allowance(2, 3, 0, 0, 24, 3, 1), 30);   // reconnaissance and headquarters, controlled
+    EXPECT_EQ(Allowance(2, 3, 0, 0, 18, 3, 1), 18);
     Board board(10, 10);
-    const int u = board.Place(BLUE, 55, 55, 13);
-    UNIT[u].SIZE = 4;
-    Set_Movement_Allowance(u);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 12);
-    UNIT[u].SIZE = 3;
-    Set_Movement_Allowance(u);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 24);
-    UNIT[u].SIZE = 100;
-    Set_Movement_Allowance(u);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 48);
-    UNIT[u].SIZE = 3;
-    UNIT[u].UCONTROL = 1;
-    UNIT[u].TYPE = 24;
-    Set_Movement_Allowance(u);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 30);
-    UNIT[u].TYPE = 18;
-    Set_Movement_Allowance(u);
-    EXPECT_EQ(UNIT[u].MOVEPOINTS2, 18);
-    UNIT[u].UCONTROL = 0;
-    UNIT[u].TYPE = 5;
+    const int u = board.Place(BLUE, 55, 55);
     UNIT[u].TACOPN = 2;
     UNIT[u].STATUS = 1;
     Set_Movement_Allowance(u);
@@ -150,9 +131,7 @@ TEST(Reset, RestIsDeeperForUnitsThatStand)
     UNIT[halted].MOVESTATUS = 1;
     UNIT[halted].FATIGUE = UNIT[standing].FATIGUE = 5;
     Reset_Units();
-    EXPECT_EQ(UNIT[halted].MOVESTATUS, 2);
-    EXPECT_EQ(UNIT[halted].FATIGUE, 3);
-    EXPECT_EQ(UNIT[standing].FATIGUE, 1);
+    EXPECT_EQ(Row(UNIT[halted].MOVESTATUS, UNIT[halted].FATIGUE, UNIT[standing].FATIGUE), Row(2, 3, 1));
     Reset_Units();
     EXPECT_EQ(UNIT[standing].FATIGUE, 0);
 }
@@ -166,28 +145,18 @@ TEST(Reset, TheLossOfTheTurnIsToldInWholePercent)
     EXPECT_TRUE(Posted("B1 suffered 10% total losses this turn!"));
     EXPECT_EQ(UNIT[u].RCP3, 27.0f);
     UNIT[u].RCP3 = 0;
-    std::string log;
-    static std::string* heard;
-    heard = &log;
-    Listen_To_Log([](std::string_view line) { heard->append(line).push_back('\n'); });
+    const Log_Lines log;
     Reset_Units();
-    Listen_To_Log(nullptr);
-    EXPECT_NE(log.find("Morale Check Error: B1"), std::string::npos);
+    EXPECT_EQ(log.Count("Morale Check Error: B1"), 1);
 }
 
 TEST(Reset, AnActiveNAIWatchesUnitsAndWorksAroundIt)
 {
     Board board(60, 60);
     const int near = board.Place(RED, 140, 100), far = board.Place(RED, 141, 100);
-    P[1].PTYPE = 12;
-    P[1].PSIDE = BLUE;
-    P[1].PX1 = P[1].PY1 = 100;
-    P[1].PAGE = 1;
+    P[1] = {.PTYPE = 12, .PSIDE = BLUE, .PX1 = 100, .PY1 = 100, .PAGE = 1};
     GTURN = 5;
-    BG[1].BGHEX = 1;
-    BG[1].BGSIDE = RED;
-    BG[1].BGX = 505;   // centre 510: 410 pixels, 41 km off
-    BG[1].BGY = 95;
+    BG[1] = {.BGHEX = 1, .BGX = 505, .BGY = 95, .BGSIDE = RED};   // centre 510: 410 pixels, 41 km off
     Reset_Units();
     EXPECT_EQ(UNIT[near].SPOTTED, 0);   // not active yet
     P[1].PAGE = 2;

@@ -1,5 +1,6 @@
 #include "core/dice.h"
 #include "support/board.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +12,7 @@ TEST(Dice, ThePositionWalksTheTableAndComesRound)
     Board board(2, 2);
     RSEED = 100;
     EXPECT_EQ(Roll_Dice(SITE_MORALE), 82);
-    EXPECT_EQ(RSEED, 1);
-    EXPECT_EQ(DiceSite, 1);
+    EXPECT_EQ(Row(RSEED, DiceSite), Row(1, 1));
     RSEED = 0;
     EXPECT_EQ(Roll_Dice(SITE_ELINT), 82);
     RSEED = 98;
@@ -47,8 +47,7 @@ TEST(Shared, AspectBandsMeetExactly)
 
 TEST(Shared, DistancesAreRoundedOnceAndFailOutside16Bits)
 {
-    EXPECT_EQ(Distance_Between(0, 0, 3, 4), 5);
-    EXPECT_EQ(Distance_Between(0, 0, 1, 1), 1);
+    EXPECT_EQ(Row(Distance_Between(0, 0, 3, 4), Distance_Between(0, 0, 1, 1)), Row(5, 1));
     EXPECT_EQ(Distance_Between(0, 0, 2, 3), 4);      // 3.61
     EXPECT_EQ(Distance_Truncated(0, 0, 2, 3), 3);
     EXPECT_THROW(Distance_Between(-20000, 0, 20000, 0), Game_Error);
@@ -104,8 +103,7 @@ TEST(Messages, RowsRunTo299AndTrafficLoadsUnitAndHeadquarters)
     EXPECT_EQ(SitrepCount, 1);
     EXPECT_EQ(std::string_view(SITREPLIST[1].TEXT), "Location: No UTM Data // MSG: B2: hello");
     EXPECT_EQ(SITREPLIST[300].USED, 0);
-    EXPECT_EQ(UNIT[u].C2T, 1);
-    EXPECT_EQ(UNIT[hq].C2T, 1);
+    EXPECT_EQ(Row(UNIT[u].C2T, UNIT[hq].C2T), Row(1, 1));
     EXPECT_TRUE(board.SCREEN.Heard("status", "B2: hello"));
     UNIT[hq].STATUS = 0;   // a lost headquarters receives nothing
     Post_Own(u, "again", 0);
@@ -143,13 +141,9 @@ TEST(Removal, ARemovedUnitFreesItsRowAndItsNodesButOthersKeepTheirReferences)
     MN[301].MNUNIT = a;
     MN[302].MNUNIT = b;
     Remove_Unit(a);
-    EXPECT_EQ(UNIT[a].STATUS, 0);
-    EXPECT_EQ(UNIT[a].X, 4000);
-    EXPECT_EQ(UNIT[a].Y, 4000);
-    EXPECT_EQ(UNIT[b].PASSENGER, 0);
+    EXPECT_EQ(Row(UNIT[a].STATUS, UNIT[a].X, UNIT[a].Y, UNIT[b].PASSENGER), Row(0, 4000, 4000, 0));
     EXPECT_EQ(UNIT[a].RCP, 0.0f);
-    EXPECT_EQ(MN[301].MNUNIT, 0);
-    EXPECT_EQ(MN[302].MNUNIT, b);
+    EXPECT_EQ(Row(MN[301].MNUNIT, MN[302].MNUNIT), Row(0, b));
     EXPECT_EQ(UNIT[b].HIGHERHQ, a);
 }
 
@@ -169,10 +163,8 @@ TEST(Removal, ALiftUnitThatLosesItsRoutePutsItsPassengerDownShaken)
     Clear_Route(lift);
     EXPECT_EQ(UNIT[inf].X, 45);
     EXPECT_EQ(UNIT[inf].HEXNUM, 45);       // column 5, row 5 of a grid of 10 rows: 4 x 10 + 5
-    EXPECT_EQ(UNIT[inf].SUPPRESSED, 4);
-    EXPECT_EQ(UNIT[inf].CARRIER, 0);
-    EXPECT_EQ(UNIT[waiting].CARRIER, 0);
-    EXPECT_EQ(UNIT[lift].PASSENGER, 0);
+    EXPECT_EQ(Row(UNIT[inf].SUPPRESSED, UNIT[inf].CARRIER, UNIT[waiting].CARRIER, UNIT[lift].PASSENGER),
+              Row(4, 0, 0, 0));
     EXPECT_EQ(l.TIMERM + l.SENSORS + l.PZ + l.LZ + l.FREEHUNT + l.DISTANCE_TO_END + l.MOVECOST_TO_END, 0);
     EXPECT_EQ(l.MOVEX + l.MOVEY, 0);
     UNIT[lift].PASSENGER = inf;
@@ -188,24 +180,18 @@ TEST(Removal, AnErasedControlMeasureLowersItsSidesCountAndADrawingNone)
     const int kinds[][2] = {{12, BLUE}, {13, RED}, {17, BLUE}, {18, RED}, {30, BLUE}, {12, RED}};
     int row = 0;
     for (const auto& [type, side] : kinds) {
-        P[++row].PTYPE = type;
-        P[row].PSIDE = side;
+        P[++row] = {.PTYPE = type, .PSIDE = side};
         Erase_Graphic(row);
         EXPECT_EQ(P[row].PTYPE, 0);
     }
-    EXPECT_EQ(BNAI, 1);
-    EXPECT_EQ(RTAI, 1);
-    EXPECT_EQ(BSEAD, 1);
-    EXPECT_EQ(RCFFZ, 1);
+    EXPECT_EQ(Row(BNAI, RTAI, BSEAD, RCFFZ), Row(1, 1, 1, 1));
     EXPECT_EQ(RNAI, 0);   // never below 0
     P[2].LINKEDGRAPHIC = 1;
     P[2].LINKEDUNIT = 5;
     P[3].LINKEDUNIT = 5;
     Erase_Graphic(1);
-    EXPECT_EQ(P[2].LINKEDUNIT, 0);
-    EXPECT_EQ(P[3].LINKEDUNIT, 5);
-    NBC[4].NBCHEX = 7;
-    NBC[4].NBCTYPE = 11;
+    EXPECT_EQ(Row(P[2].LINKEDUNIT, P[3].LINKEDUNIT), Row(0, 5));
+    NBC[4] = {.NBCHEX = 7, .NBCTYPE = 11};
     HEXMAP[7].TCONTAM = 1;
     Remove_NBC(4);
     EXPECT_EQ(HEXMAP[7].TCONTAM, 0);
@@ -222,14 +208,12 @@ TEST(Removal, ADeletedTargetGivesItsBatteryAMissionBack)
     UNIT[gun].FIREMISSION = 4;
     // An air strike lowers nothing, and nothing goes below 0.
     for (const auto& [type, left] : {std::pair(1, 3), {3, 3}, {21, 2}, {150, 1}, {152, 0}, {151, 0}}) {
-        TG[5].TGTYPE = type;
-        TG[5].FUNIT = gun;
+        TG[5] = {.FUNIT = gun, .TGTYPE = type};
         Delete_Target(5);
         EXPECT_EQ(UNIT[gun].FIREMISSION, left) << type;
         EXPECT_EQ(TG[5].TGTYPE, 0);
     }
-    TG[6].TGTYPE = 1;
-    TG[6].FUNIT = 0;
+    TG[6] = {.TGTYPE = 1};
     Delete_Target(6);   // a row without a battery
     EXPECT_EQ(TG[6].TGTYPE, 0);
 }

@@ -3,6 +3,7 @@
 #include "core/state_hash.h"
 #include "core/turn_driver.h"
 #include "support/board.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -73,15 +74,12 @@ TEST(Invariants, EachCorruptedStateIsCaughtByItsOwnRule)
         Board board({"....", "....", "....", "...."});
         const int u = board.Place(BLUE, 15, 15), v = board.Place(BLUE, 25, 25);
         for (int n = 1; n <= 2; ++n) {
-            MN[n].MNUNIT = u;
-            MN[n].MNUNITNUMBER = n;
+            MN[n] = {.MNUNIT = u, .MNUNITNUMBER = n};
         }
         UNIT[u].NUMBER_OF_NODES = 2;
         UNIT[u].PASSENGER = v;
         UNIT[v].PARENT_UNIT = u;
-        BG[1].BGHEX = 3;
-        BG[1].BGTYPE = 8;
-        BG[1].BGSIDE = 1;
+        BG[1] = {.BGHEX = 3, .BGSIDE = 1, .BGTYPE = 8};
         HEXMAP[3].TVALUE = 12;
         EXPECT_TRUE(Broken_Invariants().empty());
         corrupt(u, v);
@@ -126,9 +124,7 @@ TEST(Turn, ThePhasesRunInOrderAndTheLastTurnIsPlayedInFull)
     const auto before = State_Hash();
     Play_Turn();
     EXPECT_TRUE(board.SCREEN.Heard("box", "The Battle is Over!"));
-    EXPECT_EQ(GTURN, 2);
-    EXPECT_EQ(GameOver, -1);
-    EXPECT_EQ(ViewMode, 3);
+    EXPECT_EQ(Row(GTURN, GameOver, ViewMode), Row(2, -1, 3));
     GameOver = 0;
     EXPECT_EQ(State_Hash(), before);   // nothing else moved
 }
@@ -150,14 +146,13 @@ TEST(Turn, AFailureEndsTheTurnAndPutsEverythingBack)
     GTURN = 3;
     GameType = 7;
     PlanSide = BLUE;
-    P[1].PTYPE = P[2].PTYPE = 12;
-    P[1].PSIDE = P[2].PSIDE = BLUE;
-    P[2].PAGE = 32767;   // a turn more does not fit, which shows when the turn has begun to write
+    P[1] = {.PTYPE = 12, .PSIDE = BLUE};
+    P[2] = {
+        .PTYPE = 12, .PSIDE = BLUE, .PAGE = 32767};   // a turn more does not fit, which shows when it is written
     const auto before = State_Hash();
     EXPECT_FALSE(Play_Turn());
     EXPECT_EQ(P[1].PAGE, 0);
-    EXPECT_EQ(TurnsPlayed, 0);
-    EXPECT_EQ(ActiveSide, 3);
+    EXPECT_EQ(Row(TurnsPlayed, ActiveSide), Row(0, 3));
     EXPECT_TRUE(SEAT.PICTURE[seen]);
     EXPECT_EQ(State_Hash(), before);
     EXPECT_EQ(GTURN, 3);
@@ -176,24 +171,19 @@ TEST(Turn, ATurnAgesAreasEndsTrafficAndLandsWhoIsOutOfFuel)
     UNIT[low].TIMERM = 350;
     UNIT[lower].TIMERM = 351;
     UNIT[unit].C2T = 5;
-    P[1].PTYPE = 12;
-    P[2].PTYPE = 13;
-    P[3].PTYPE = 11;
-    P[1].PSIDE = P[2].PSIDE = P[3].PSIDE = RED;
+    for (const auto& [row, type] : {std::pair(1, 12), {2, 13}, {3, 11}}) P[row] = {.PTYPE = type, .PSIDE = RED};
     SITREPLIST[200].USED = 1;
     GTURN = 0;
     PlayType = 5;   // no staffs plan
     GameType = 3;
     PlanSide = BLUE;
     ASSERT_TRUE(Play_Turn());
-    EXPECT_EQ((std::vector<int>{P[1].PAGE, P[2].PAGE, P[3].PAGE}), (std::vector<int>{1, 1, 0}));
-    EXPECT_EQ(UNIT[unit].C2T, 0);
+    EXPECT_EQ(Row(P[1].PAGE, P[2].PAGE, P[3].PAGE, UNIT[unit].C2T), Row(1, 1, 0, 0));
     EXPECT_EQ(UNIT[low].TIMERM, 350);
     EXPECT_EQ(UNIT[lower].TIMERM, 0);
     EXPECT_EQ(SITREPLIST[200].USED, 0);
     EXPECT_EQ(BRCP1, 30.0f);   // taken before the turn runs: three units of 10
-    EXPECT_EQ(ActiveSide, BLUE);
-    EXPECT_EQ(TurnsPlayed, 1);
+    EXPECT_EQ(Row(ActiveSide, TurnsPlayed), Row(BLUE, 1));
     EXPECT_EQ(board.SCREEN.Count("sound", ""), 1);
     GameType = 7;
     ASSERT_TRUE(Play_Turn());
@@ -244,15 +234,13 @@ TEST(View, ASideSeesItsOwnUnitsTheSpottedOnesAndItsPicture)
     ViewMode = 3;
     Show_By_View(enemy);
     Show_By_View(own);
-    EXPECT_EQ(UNIT[enemy].VISIBLE, 1);
-    EXPECT_EQ(UNIT[own].VISIBLE, -1);
+    EXPECT_EQ(Row(UNIT[enemy].VISIBLE, UNIT[own].VISIBLE), Row(1, -1));
 }
 
 TEST(StartUp, OnlyTheExactScreenSizesAreAccepted)
 {
-    EXPECT_TRUE(Screen_Size_Accepted(1024, 768));
-    EXPECT_TRUE(Screen_Size_Accepted(1152, 864));
-    EXPECT_TRUE(Screen_Size_Accepted(1280, 960));
+    for (const auto& [width, height] : {std::pair(1024, 768), {1152, 864}, {1280, 960}})
+        EXPECT_TRUE(Screen_Size_Accepted(width, height));
     EXPECT_FALSE(Screen_Size_Accepted(1280, 1024));
     int width = 0, height = 0;
     EXPECT_TRUE(Window_Size_For(1920, 1080, width, height));
@@ -275,11 +263,9 @@ TEST(StartUp, ASideIsTakenOnlyByASeatThatMayHoldIt)
         EXPECT_EQ(PlanSide, taken ? side : 3);
         return taken;
     };
-    EXPECT_TRUE(takes(0, 3, 1));
-    EXPECT_TRUE(takes(0, 3, 2));
+    for (const auto& [type, user, side] : {std::tuple(0, 3, 1), {0, 3, 2}, {5, 5, 2}, {3, 1, 1}})
+        EXPECT_TRUE(takes(type, user, side)) << type;
     EXPECT_FALSE(takes(0, 3, 3));
-    EXPECT_TRUE(takes(5, 5, 2));
-    EXPECT_TRUE(takes(3, 1, 1));
     EXPECT_FALSE(takes(3, 1, 2));   // the computer's side
     EXPECT_FALSE(takes(7, 1, 1));   // the host has not let it plan yet
     SEAT.PlanningEnabled = true;

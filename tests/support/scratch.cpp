@@ -38,6 +38,13 @@ std::string File_Content(const fs::path& file)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+int Count_Of(std::string_view text, std::string_view part)
+{
+    int n = 0;
+    for (auto at = text.find(part); at != text.npos; at = text.find(part, at + part.size())) ++n;
+    return n;
+}
+
 std::vector<std::string> Names_In(const fs::path& folder)
 {
     std::vector<std::string> names;

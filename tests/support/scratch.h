@@ -24,6 +24,9 @@ private:
 void Put_File(const std::filesystem::path& file, std::string_view content);
 std::string File_Content(const std::filesystem::path& file);
 
+/// How often a text holds a part.
+int Count_Of(std::string_view text, std::string_view part);
+
 /// The names in a folder, in byte order.
 std::vector<std::string> Names_In(const std::filesystem::path& folder);
 
