@@ -3,8 +3,10 @@
 #include "aar/victory.h"
 #include "aar/victory_status.h"
 
-#include "core/log.h"
 #include "support/board.h"
+#include "support/log_lines.h"
+#include "support/numbers.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +15,9 @@ using namespace sm::test;
 
 namespace {
 
-int Count(std::string_view text, std::string_view part)
+void Expect_Parts(std::string_view text, std::initializer_list<std::string_view> parts)
 {
-    int n = 0;
-    for (auto at = text.find(part); at != text.npos; at = text.find(part, at + part.size())) ++n;
-    return n;
+    for (const std::string_view part : parts) EXPECT_NE(text.find(part), text.npos) << part;
 }
 
 }   // namespace
@@ -28,9 +28,7 @@ TEST(Report, TheStateOfEachTurnStandsInItWithEveryMessage)
     const int blue = board.Place(BLUE, 55, 55, 5, 12.5f);
     board.Place(RED, 155, 155, 5, 20);
     UNIT[blue].NAME = "1-37 AR <\"M\xFCller\">";
-    OBJ[7].OTYPE = 1;
-    OBJ[7].OVALUE = 300;
-    OBJ[7].OX = OBJ[7].OY = 100;
+    OBJ[7] = {.OTYPE = 1, .OX = 100, .OY = 100, .OVALUE = 300};
     GAMEFILE = "Test & Co.sce";
     GTURN = 0;
     MAXGTURN = 3;
@@ -45,22 +43,17 @@ TEST(Report, TheStateOfEachTurnStandsInItWithEveryMessage)
     Record_Turn(record, {{BOTH, 55, 55, "Location: PC 4276 // MSG: M\xFCller fires <here>"}});
     record.OVER = true;
     const std::string text = Report_Text(record), html = Report_Html(record);
-    EXPECT_NE(text.find("BLUE has won a decisive victory!"), text.npos);
-    EXPECT_NE(text.find("  Maneuver                     6.5       0.0"), text.npos);
-    EXPECT_NE(text.find("     1    Blue"), text.npos);
-    EXPECT_NE(text.find("[ All ] Location: PC 4276 // MSG: M\xC3\xBCller fires <here>"), text.npos);
-    EXPECT_NE(html.find("M\xC3\xBCller fires &lt;here&gt;"), html.npos);
-    EXPECT_NE(html.find("1-37 AR &lt;&quot;M\xC3\xBCller&quot;&gt;, 100%"), html.npos);
-    EXPECT_NE(html.find("After-action report: Test &amp; Co<"), html.npos);
-    EXPECT_NE(html.find("<td>PC 4276</td><td>M\xC3\xBCller fires &lt;here&gt;</td>"), html.npos);
-    EXPECT_EQ(Count(html, "<g class=\"forces\""), 2);
-    // From 55 to 155 of 200 pixels, with a tenth more room: 110 from 50 on.
-    EXPECT_NE(html.find("viewBox=\"50 50 110 110\" data-part=\"50 50 110 110\" data-whole=\"0 0 200 200\""),
-              html.npos);
-    EXPECT_EQ(Count(html, "<image"), 0);   // no picture file
-    EXPECT_EQ(Count(html, "http"), 0);     // nothing is fetched from elsewhere
-    EXPECT_EQ(Count(html, "<table"), Count(html, "</table>"));
-    EXPECT_EQ(Count(html, "<g "), Count(html, "</g>"));
+    Expect_Parts(text, {"BLUE has won a decisive victory!", "  Maneuver                     6.5       0.0",
+                        "     1    Blue", "[ All ] Location: PC 4276 // MSG: M\xC3\xBCller fires <here>"});
+    // The view: from 55 to 155 of 200 pixels, with a tenth more room: 110 from 50 on.
+    Expect_Parts(html, {"1-37 AR &lt;&quot;M\xC3\xBCller&quot;&gt;, 100%", "After-action report: Test &amp; Co<",
+                        "<td>PC 4276</td><td>M\xC3\xBCller fires &lt;here&gt;</td>",
+                        "viewBox=\"50 50 110 110\" data-part=\"50 50 110 110\" data-whole=\"0 0 200 200\""});
+    EXPECT_EQ(Count_Of(html, "<g class=\"forces\""), 2);
+    EXPECT_EQ(Count_Of(html, "<image"), 0);   // no picture file
+    EXPECT_EQ(Count_Of(html, "http"), 0);     // nothing is fetched from elsewhere
+    EXPECT_EQ(Count_Of(html, "<table"), Count_Of(html, "</table>"));
+    EXPECT_EQ(Count_Of(html, "<g "), Count_Of(html, "</g>"));
 }
 
 TEST(VictoryStatus, LossesAboveTheAllowedAreMarkedAndTheVerdictWaitsForTheFirstTurn)
@@ -74,17 +67,15 @@ TEST(VictoryStatus, LossesAboveTheAllowedAreMarkedAndTheVerdictWaitsForTheFirstT
     MRLOSS = 24;
     GTURN = 0;
     VSTATUS = 1;
-    static std::string log;
-    Listen_To_Log([](std::string_view line) { log += std::string(line) + "\n"; });
+    const Log_Lines log;
     Victory_Status s = Show_Victory_Status();
-    EXPECT_EQ(log, "RRCP3: 150\nRRCP1: 200\nBRCP3: 80\nBRCP1: 100\n"
-                   "===============Red Losses - Yes ==================\nLoss: 25\n"
-                   "================Blue Losses - No ==================\n");
-    log.clear();
+    EXPECT_EQ(log.All(),
+              (std::vector<std::string>{"RRCP3: 150", "RRCP1: 200", "BRCP3: 80", "BRCP1: 100",
+                                        "===============Red Losses - Yes ==================", "Loss: 25",
+                                        "================Blue Losses - No =================="}));
     BRCP3 = 0;   // wiped out
     EXPECT_EQ(Show_Victory_Status().BLUE_LOSSES, "Blue Losses: 100% !");
-    EXPECT_NE(log.find("\nBRCP3!!: 0\nBRCP1!!: 100\n"), log.npos);
-    Listen_To_Log(nullptr);
+    EXPECT_EQ(Row(log.Count("BRCP3!!: 0"), log.Count("BRCP1!!: 100")), Row(1, 1));
     BRCP3 = 80;
     EXPECT_EQ(s.BLUE_LOSSES, "Blue Losses: 20%");
     EXPECT_EQ(s.RED_LOSSES, "Red Losses: 25% !");
@@ -108,12 +99,9 @@ TEST(Odds, TheSpreadIsReadFromTheSortedValues)
     std::vector<double> values;
     for (int i = 100; i >= 1; --i) values.push_back(i);
     const SPREAD s = Spread_Of(values);
-    EXPECT_EQ(s.LEAST, 1);
-    EXPECT_EQ(s.LOW, 10);   // (100 - 1) x 10 / 100 = 9: the tenth value
-    EXPECT_EQ(s.MIDDLE, 50);
-    EXPECT_EQ(s.HIGH, 90);
-    EXPECT_EQ(s.GREATEST, 100);
-    EXPECT_EQ(s.MEAN, 50.5);
+    // (100 - 1) x 10 / 100 = 9: the tenth value
+    EXPECT_EQ((std::vector<double>{s.LEAST, s.LOW, s.MIDDLE, s.HIGH, s.GREATEST, s.MEAN}),
+              (std::vector<double>{1, 10, 50, 90, 100, 50.5}));
 }
 
 TEST(Odds, TextAndTableCountTheSameBattles)
@@ -129,21 +117,17 @@ TEST(Odds, TextAndTableCountTheSameBattles)
         odds.BATTLES.push_back({o});
     }
     const std::string text = Odds_Text(odds), csv = Odds_Csv(odds), html = Odds_Html(odds);
-    EXPECT_NE(text.find("     1            70             0             0             0             0             "
-                        "0            30"),
-              text.npos);
-    EXPECT_NE(text.find("60 / 40"), text.npos);
-    EXPECT_EQ(Count(csv, "\r\n"), 101);
-    EXPECT_NE(csv.find("\r\n61,1,1,61,122,3,80,5.5,6,3,2,1,1,2\r\n"), csv.npos);
-    EXPECT_NE(html.find("Blue decisive: 30"), html.npos);
-    EXPECT_NE(text.find("After turn 1: Red is ahead in 70, neither side in 0, Blue in 30 of 100 battles."),
-              text.npos);
-    EXPECT_NE(text.find("  fires direct fires                   0       100\n"), text.npos);
-    EXPECT_NE(text.find("  is resupplied                       50         0\n"), text.npos);
-    EXPECT_NE(text.find("  keeps a fifth of its power         100        90\n"),
-              text.npos);   // 81 percent lost in ten
-    EXPECT_NE(text.find("  is ahead                            30        70\n"), text.npos);
-    // 26..100 but the 19 multiples of 4: 56
-    EXPECT_NE(html.find("Objectives change hands in 56 of 100 battles, 0 to 3 times, 1 in the middle."),
-              html.npos);
+    // 81 percent lost in ten; 26..100 but the 19 multiples of 4 make 56 changes of hands
+    Expect_Parts(text,
+                 {"     1            70             0             0             0             0             "
+                  "0            30",
+                  "60 / 40", "After turn 1: Red is ahead in 70, neither side in 0, Blue in 30 of 100 battles.",
+                  "  fires direct fires                   0       100\n",
+                  "  is resupplied                       50         0\n",
+                  "  keeps a fifth of its power         100        90\n",
+                  "  is ahead                            30        70\n"});
+    Expect_Parts(html, {"Blue decisive: 30",
+                        "Objectives change hands in 56 of 100 battles, 0 to 3 times, 1 in the middle."});
+    Expect_Parts(csv, {"\r\n61,1,1,61,122,3,80,5.5,6,3,2,1,1,2\r\n"});
+    EXPECT_EQ(Count_Of(csv, "\r\n"), 101);
 }

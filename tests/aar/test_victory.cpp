@@ -1,7 +1,8 @@
 #include "aar/victory.h"
 
-#include "core/log.h"
 #include "support/board.h"
+#include "support/log_lines.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +11,6 @@
 
 using namespace sm;
 using namespace sm::test;
-
-static std::vector<std::string> log_lines;
 
 TEST(Victory, PowerLeavesOutAttachedUnitsAndNamesTheIneffective)
 {
@@ -23,10 +22,7 @@ TEST(Victory, PowerLeavesOutAttachedUnitsAndNamesTheIneffective)
     UNIT[c].STATUS = 1;
     GTURN = 0;
     Power_Count();
-    EXPECT_EQ(BRCP3, 12.0f);
-    EXPECT_EQ(BRCP2, 2.0f);
-    EXPECT_EQ(BRCP1, 12.0f);
-    EXPECT_EQ(RRCP1, 7.0f);
+    EXPECT_EQ((std::vector<float>{BRCP1, BRCP2, BRCP3, RRCP1}), (std::vector<float>{12, 2, 12, 7}));
     GTURN = 3;
     GDAY = "9";
     UNIT[a].RCP2 = 5;
@@ -43,10 +39,7 @@ TEST(Victory, AnObjectiveGoesOnlyToASideThatStandsAloneOnIt)
     Board board(20, 20);
     const int blue = board.Place(BLUE, 100, 100), red = board.Place(RED, 120, 100);
     UNIT[blue].FOOTPRINT = UNIT[red].FOOTPRINT = 10;   // reach 21 pixels
-    OBJ[1].OTYPE = 1;
-    OBJ[1].OX = OBJ[1].OY = 100;
-    OBJ[1].OID = RED;
-    OBJ[1].OVALUE = 100;
+    OBJ[1] = {.OTYPE = 1, .OX = 100, .OY = 100, .OID = RED, .OVALUE = 100};
     OBJ[2] = OBJ[1];
     OBJ[2].OTYPE = 2;   // key terrain is not scored
     Victory_Points();
@@ -92,24 +85,17 @@ TEST(Victory, PointsStayAtTheEndOfTheirRange)
 {
     Board board(20, 20);
     Power_Count(false);   // as after every load
-    log_lines.clear();
-    Listen_To_Log([](std::string_view line) { log_lines.emplace_back(line); });
+    const Log_Lines log;
     BLUEVP = 32700;
-    OBJ[1].OTYPE = 1;
-    OBJ[1].OID = BLUE;
-    OBJ[1].OVALUE = 500;
+    OBJ[1] = {.OTYPE = 1, .OID = BLUE, .OVALUE = 500};
     RMANL = 1e9f;
     Victory_Points();
-    EXPECT_EQ(BLUEVP, 32767);
-    EXPECT_EQ(VSTATUS, 6);
+    EXPECT_EQ(Row(BLUEVP, VSTATUS), Row(32767, 6));
     Victory_Points();
     EXPECT_EQ(BLUEVP, 32767);
-    Listen_To_Log(nullptr);
-    EXPECT_EQ(log_lines,
+    EXPECT_EQ(log.All(),
               std::vector<std::string>{"Victory points have reached the end of their range and stay there"});
-    BLUEVP = 0;
-    REDVP = 0;
-    OBJ[1].OTYPE = 0;
+    BLUEVP = REDVP = OBJ[1].OTYPE = 0;
     RMANL = 0;
     Victory_Points();
     EXPECT_EQ(VSTATUS, 7);   // nothing against nothing is even

@@ -1,6 +1,7 @@
 #include "opponent/intent.h"
 
 #include "support/board.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +25,7 @@ TEST(Intent, AHeadquartersHandsOnWhatItIsGivenToItsAbleUnitsOnTheMap)
     UNIT[other_side].SIDE = RED;
     Set_Unit_Action(hq, 5);
     Set_Unit_Objective(hq, 3);
-    for (const int u : {hq, able}) {
-        EXPECT_EQ(UNIT[u].AIACTION, 5);
-        EXPECT_EQ(UNIT[u].OBJ, 3);
-    }
+    for (const int u : {hq, able}) EXPECT_EQ(Row(UNIT[u].AIACTION, UNIT[u].OBJ), Row(5, 3));
     for (const int u : {beaten, away, staff, stranger, other_side})
         EXPECT_EQ(UNIT[u].AIACTION + UNIT[u].OBJ, 0) << u;
     Set_Unit_Action(able, 2);   // no headquarters: nobody else

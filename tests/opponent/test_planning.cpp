@@ -3,6 +3,7 @@
 #include "core/dice.h"
 #include "core/shared.h"
 #include "support/board.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +17,27 @@ namespace {
 /// The dice position before a roll of this value.
 void Next_Roll(int value)
 {
-    for (int i = 1; i <= 100; ++i)
-        if (Dice_Value(i) == value) {
-            RSEED = i - 1;
-            return;
-        }
-    FAIL() << value << " is not on the dice";
+    RSEED = 0;
+    while (RSEED < 100 && Dice_Value(RSEED + 1) != value) RSEED += 1;
+    ASSERT_LT(RSEED, 100) << value << " is not on the dice";
+}
+
+/// A piece with a range in cells from `least` to `most`, 10 pixels wide.
+int Guns(Board& board, int x, int y, int type, int most, int least = 0)
+{
+    const int u = board.Place(BLUE, x, y, type);
+    UNIT[u].MXRANGE = most;
+    UNIT[u].MINRANGE = least;
+    UNIT[u].FOOTPRINT = 10;
+    return u;
+}
+
+/// An aircraft.
+int Flyer(Board& board, int side, int type)
+{
+    const int u = board.Place(side, 100, 100, type);
+    UNIT[u].MOBILITY = 3;
+    return u;
 }
 
 int Spotted(Board& board, int side, int x, int y, int type, float rcp = 10)
@@ -57,23 +73,20 @@ TEST(Planning, ABeatenSideLowersItsAimForGood)
 TEST(Planning, EachPhaseIsAnnouncedAndTargetsWaitForTheSecondTurn)
 {
     Board board(20, 20);
-    std::string told;
     const auto plan = [&](int turn) {
-        told.clear();
+        std::string told;
         board.SCREEN.TOLD.clear();
-        board.SCREEN.RECORDING = true;
         GTURN = turn;
         Enemy_Planning(RED);
         for (const auto& t : board.SCREEN.TOLD) {
             if (t.KIND == "status") told += t.TEXT;
             if (t.KIND == "delay") told += t.NUMBER == 500 ? ", " : "?";
         }
+        return told;
     };
-    plan(1);
-    EXPECT_EQ(told, "Enemy IPB Phase, Enemy Logistics Planning Phase, Enemy Movement Planning Phase, ");
-    plan(2);
-    EXPECT_EQ(told, "Enemy IPB Phase, Enemy Targeting Phase, Enemy Logistics Planning Phase, "
-                    "Enemy Movement Planning Phase, ");
+    EXPECT_EQ(plan(1), "Enemy IPB Phase, Enemy Logistics Planning Phase, Enemy Movement Planning Phase, ");
+    EXPECT_EQ(plan(2), "Enemy IPB Phase, Enemy Targeting Phase, Enemy Logistics Planning Phase, "
+                       "Enemy Movement Planning Phase, ");
 }
 
 TEST(Planning, AHeadquartersIsWorthWhatItsUnitsHaveLeft)
@@ -94,17 +107,12 @@ TEST(Planning, AHeadquartersIsWorthWhatItsUnitsHaveLeft)
 TEST(Planning, AUAVLooksAtAnObjectiveElseForTheEnemysHeadquartersElseForItsOwn)
 {
     Board board(60, 60);
-    const int uav = board.Place(BLUE, 100, 100, 26);
-    UNIT[uav].MOBILITY = 3;
+    const int uav = Flyer(board, BLUE, 26);
     board.Place(BLUE, 50, 400, 18);
     board.Place(RED, 580, 300, 18);   // 20 pixels from the edge: not looked for, and no roll
     board.Place(RED, 400, 400, 18);
-    for (const auto& [row, type, holder] : {std::tuple{1, 1, 1}, {2, 2, 2}, {3, 1, 2}, {4, 1, 0}}) {
-        OBJ[row].OTYPE = type;
-        OBJ[row].OID = holder;
-        OBJ[row].OX = row * 100;
-        OBJ[row].OY = 200;
-    }
+    for (const auto& [row, type, holder] : {std::tuple{1, 1, 1}, {2, 2, 2}, {3, 1, 2}, {4, 1, 0}})
+        OBJ[row] = {.OTYPE = type, .OX = row * 100, .OY = 200, .OID = holder};
     const auto plan = [&](int turn, int seed) {
         Clear_Route(uav);
         GTURN = turn;
@@ -112,22 +120,13 @@ TEST(Planning, AUAVLooksAtAnObjectiveElseForTheEnemysHeadquartersElseForItsOwn)
         Plan_Collectors(BLUE);
     };
     plan(2, 9);   // 5: the third is the first objective that Blue does not hold
-    ASSERT_EQ(UNIT[uav].NUMBER_OF_NODES, 2);
-    EXPECT_EQ(MN[1].MNX, 300);
-    EXPECT_EQ(MN[2].MNX, 100);
-    EXPECT_EQ(RSEED, 10);
+    EXPECT_EQ(Row(UNIT[uav].NUMBER_OF_NODES, MN[1].MNX, MN[2].MNX, RSEED), Row(2, 300, 100, 10));
     plan(2, 8);   // 60 for the objective, 5 for the headquarters
-    ASSERT_EQ(UNIT[uav].NUMBER_OF_NODES, 2);
-    EXPECT_EQ(MN[1].MNX, 420);
-    EXPECT_EQ(MN[1].MNY, 420);
-    EXPECT_EQ(RSEED, 10);
+    EXPECT_EQ(Row(UNIT[uav].NUMBER_OF_NODES, MN[1].MNX, MN[1].MNY, RSEED), Row(2, 420, 420, 10));
     plan(2, 23);   // 80 for the objective, 99 for the enemy's, 44 for its own
-    EXPECT_EQ(UNIT[uav].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(MN[1].MNY, 400);
-    EXPECT_EQ(RSEED, 26);
+    EXPECT_EQ(Row(UNIT[uav].NUMBER_OF_NODES, MN[1].MNY, RSEED), Row(1, 400, 26));
     plan(1, 1);   // 39: on the first turn only its own is asked for
-    EXPECT_EQ(UNIT[uav].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(RSEED, 2);
+    EXPECT_EQ(Row(UNIT[uav].NUMBER_OF_NODES, RSEED), Row(1, 2));
 }
 
 TEST(Planning, JammersAndPsychologicalUnitsAreSwitchedOnAndFaceTheLastHeadquartersOfTheEnemy)
@@ -137,12 +136,8 @@ TEST(Planning, JammersAndPsychologicalUnitsAreSwitchedOnAndFaceTheLastHeadquarte
     board.Place(BLUE, 200, 100, 18);
     board.Place(BLUE, 200, 0, 18);
     Plan_Collectors(RED);
-    EXPECT_EQ(UNIT[jammer].SENSORS, 1);
-    EXPECT_EQ(UNIT[psy].POPS, 1);
-    for (const int u : {jammer, psy}) {
-        EXPECT_EQ(UNIT[u].C2T, 1);
-        EXPECT_EQ(UNIT[u].FACING, 45);   // north-east
-    }
+    EXPECT_EQ(Row(UNIT[jammer].SENSORS, UNIT[psy].POPS), Row(1, 1));
+    for (const int u : {jammer, psy}) EXPECT_EQ(Row(UNIT[u].C2T, UNIT[u].FACING), Row(1, 45));   // north-east
 }
 
 TEST(Planning, ConvoysStartFromTheSidesOwnDepotBelowThreeQuarters)
@@ -177,31 +172,18 @@ TEST(Planning, AnNAIThatWatchesNothingIsGivenUpAndNewOnesComeByTheDice)
 {
     Board board(60, 60);
     board.Place(RED, 300, 300);
-    BNAIMAX = 1;
-    BTAIMAX = 1;
+    BNAIMAX = BTAIMAX = 1;
     BNAI = 2;
-    for (int g = 1; g <= 2; ++g) {
-        P[g].PTYPE = 12;
-        P[g].PSIDE = BLUE;
-        P[g].PX1 = g == 1 ? 340 : 341;   // 40 and 41 pixels off
-        P[g].PY1 = 300;
-    }
+    for (int g = 1; g <= 2; ++g)
+        P[g] = {.PTYPE = 12, .PSIDE = BLUE, .PX1 = 339 + g, .PY1 = 300};   // 40, 41 pixels off
     Plan_Areas(BLUE);
-    EXPECT_EQ(P[1].PTYPE, 12);
-    EXPECT_EQ(P[2].PTYPE, 0);
-    EXPECT_EQ(BNAI, 1);
+    EXPECT_EQ(Row(P[1].PTYPE, P[2].PTYPE, BNAI), Row(12, 0, 1));
 
     Erase_Graphic(1);
-    OBJ[3].OTYPE = 1;
-    OBJ[3].OX = 300;
-    OBJ[3].OY = 400;   // 10 km from the enemy: anticipated though unseen
+    OBJ[3] = {.OTYPE = 1, .OX = 300, .OY = 400};   // 10 km from the enemy: anticipated though unseen
     Next_Roll(19);
     Plan_Areas(BLUE);
-    EXPECT_EQ(P[1].PTYPE, 12);
-    EXPECT_EQ(P[1].PY1, 400);
-    EXPECT_EQ(P[1].PAGE, 2);
-    EXPECT_EQ(P[2].PTYPE, 13);
-    EXPECT_EQ(P[2].PX1, 304);
+    EXPECT_EQ(Row(P[1].PTYPE, P[1].PY1, P[1].PAGE, P[2].PTYPE, P[2].PX1), Row(12, 400, 2, 13, 304));
 
     BNAIMAX = BTAIMAX = 0;   // without any allowance nothing is given up either
     UNIT[301].X = 100;
@@ -215,12 +197,10 @@ TEST(Planning, OnePassOverTheObjectivesMayOvershootTheCapOfNAIsButNotOfTAIs)
     board.Place(RED, 300, 300);
     board.Place(RED, 310, 300);
     BNAIMAX = BTAIMAX = 1;
-    OBJ[50].OTYPE = 1;
-    OBJ[50].OX = OBJ[50].OY = 300;
+    OBJ[50] = {.OTYPE = 1, .OX = 300, .OY = 300};
     RSEED = 9;   // 5 and 5: both enemies are watched for
     Plan_Areas(BLUE);
-    EXPECT_EQ(BNAI, 2);
-    EXPECT_EQ(BTAI, 1);
+    EXPECT_EQ(Row(BNAI, BTAI), Row(2, 1));
     EXPECT_EQ(RSEED, 11);   // no second pass
 }
 
@@ -232,8 +212,7 @@ TEST(Planning, EveryVisitOfASpottedEnemyIsARoll)
     BNAIMAX = 1;
     RSEED = 0;
     Plan_Areas(BLUE);   // 11 passes over 50 rows of objectives, used or not: 550 rolls
-    EXPECT_EQ(RSEED, 50);
-    EXPECT_EQ(BNAI, 0);
+    EXPECT_EQ(Row(RSEED, BNAI), Row(50, 0));
 }
 
 TEST(Targeting, TheWorthOfATargetGrowsWithWhatItThreatensAndFallsWithItsStrength)
@@ -242,9 +221,7 @@ TEST(Targeting, TheWorthOfATargetGrowsWithWhatItThreatensAndFallsWithItsStrength
     const int gun = board.Place(RED, 300, 300, 8);
     UNIT[gun].MXRANGE = 5;
     UNIT[gun].FOOTPRINT = 20;   // reach 50 + 10 + 100 = 160
-    OBJ[1].OTYPE = 1;
-    OBJ[1].OX = 460;
-    OBJ[1].OY = 300;
+    OBJ[1] = {.OTYPE = 1, .OX = 460, .OY = 300};
     const int blue = board.Place(BLUE, 300, 485);
     UNIT[blue].FOOTPRINT = 50;   // 185 = 160 + 25
     EXPECT_EQ(Target_Value(gun, BLUE), 5 + 4 + 4);
@@ -262,10 +239,7 @@ TEST(Targeting, TheWorthOfATargetGrowsWithWhatItThreatensAndFallsWithItsStrength
 TEST(Targeting, GunsTakeTheFirstInRangeUnlessALaterOneIsWorthMore)
 {
     Board board(60, 60);
-    const int gun = board.Place(BLUE, 100, 100, 8);
-    UNIT[gun].MXRANGE = 20;
-    UNIT[gun].MINRANGE = 2;
-    UNIT[gun].FOOTPRINT = 10;                             // 25 to 205 pixels
+    const int gun = Guns(board, 100, 100, 8, 20, 2);      // 25 to 205 pixels
     const int near = Spotted(board, RED, 124, 100, 26);   // below the least range
     const int first = Spotted(board, RED, 125, 100, 5), better = Spotted(board, RED, 305, 100, 9);
     Spotted(board, RED, 306, 100, 26);
@@ -273,13 +247,9 @@ TEST(Targeting, GunsTakeTheFirstInRangeUnlessALaterOneIsWorthMore)
     BTOTAL = 0;
     Next_Roll(88);
     Enemy_Targeting(BLUE);
-    ASSERT_EQ(TG[1].TGTYPE, 1);
-    EXPECT_EQ(TG[1].TGX, 305);
-    EXPECT_EQ(TG[1].TGTOT, 2);
-    EXPECT_EQ(TG[1].FUNIT, gun);
-    EXPECT_EQ(UNIT[better].TGTLINK, 1);
+    EXPECT_EQ(Row(TG[1].TGTYPE, TG[1].TGX, TG[1].TGTOT, TG[1].FUNIT), Row(1, 305, 2, gun));
+    EXPECT_EQ(Row(UNIT[better].TGTLINK, UNIT[first].TGTLINK, UNIT[near].TGTLINK), Row(1, 0, 0));
     EXPECT_EQ(UNIT[gun].FIREMISSION, 1);
-    EXPECT_EQ(UNIT[first].TGTLINK + UNIT[near].TGTLINK, 0);
 }
 
 TEST(Targeting, StrikesGoOnUntilTheSortiesAreGone)
@@ -290,26 +260,16 @@ TEST(Targeting, StrikesGoOnUntilTheSortiesAreGone)
     BTOTAL = 3;
     RSEED = 3;   // 56 for the first; the UAV needs no roll; 95, 75 for the others
     Enemy_Targeting(BLUE);
-    EXPECT_EQ(TG[1].TGTYPE, 4);
-    EXPECT_EQ(TG[1].TGX, 150);
-    EXPECT_EQ(TG[1].TGNSORTIES, 2);
-    EXPECT_EQ(TG[1].TGHPT, 4);
-    EXPECT_EQ(TG[2].TGX, 200);
-    EXPECT_EQ(TG[3].TGTYPE, 0);
-    EXPECT_EQ(BTOTAL, -1);
-    EXPECT_EQ(RSEED, 6);
+    EXPECT_EQ(Row(TG[1].TGTYPE, TG[1].TGX, TG[1].TGNSORTIES, TG[1].TGHPT, TG[2].TGX, TG[3].TGTYPE),
+              Row(4, 150, 2, 4, 200, 0));
+    EXPECT_EQ(Row(BTOTAL, RSEED), Row(-1, 6));
     EXPECT_EQ(UNIT[302].TGTLINK, 0);   // air strikes leave no link
 }
 
 TEST(Targeting, RocketsFollowTheStrikesAndMissilesSpareTheirOwnTroops)
 {
     Board board(200, 60);
-    const int mrl = board.Place(BLUE, 100, 100, 9), ssm = board.Place(BLUE, 120, 100, 10);
-    for (const int u : {mrl, ssm}) {
-        UNIT[u].MXRANGE = 150;
-        UNIT[u].MINRANGE = 0;
-        UNIT[u].FOOTPRINT = 10;
-    }
+    const int mrl = Guns(board, 100, 100, 9, 150), ssm = Guns(board, 120, 100, 10, 150);
     const int first = Spotted(board, RED, 700, 100, 5), second = Spotted(board, RED, 800, 100, 9);
     Spotted(board, RED, 1000, 100, 26);
     board.Place(BLUE, 971, 100);   // 29 pixels from the third
@@ -317,15 +277,11 @@ TEST(Targeting, RocketsFollowTheStrikesAndMissilesSpareTheirOwnTroops)
     BCHMAX = 1;
     Next_Roll(88);
     Enemy_Targeting(BLUE);   // no sorties: rockets choose a target, the best: the UAV, conventional
-    EXPECT_EQ(TG[1].FUNIT, mrl);
-    EXPECT_EQ(TG[1].TGX, 1000);
-    EXPECT_EQ(TG[1].TGTYPE, 1);
+    EXPECT_EQ(Row(TG[1].FUNIT, TG[1].TGX, TG[1].TGTYPE), Row(mrl, 1000, 1));
     EXPECT_EQ(TG[2].FUNIT, ssm);   // the guard of 29 bars the third, and the second was better than the first
-    EXPECT_EQ(TG[2].TGX, 800);
-    EXPECT_EQ(TG[2].TGTYPE, 11);
+    EXPECT_EQ(Row(TG[2].TGX, TG[2].TGTYPE), Row(800, 11));
     EXPECT_EQ(BCHNOW, 1);
-    EXPECT_EQ(UNIT[first].TGTLINK, 0);
-    EXPECT_EQ(UNIT[second].TGTLINK, 2);
+    EXPECT_EQ(Row(UNIT[first].TGTLINK, UNIT[second].TGTLINK), Row(0, 2));
 }
 
 TEST(Targeting, AMissileThatMayNotFireIsCreditedWithTheLastMissionOfTheSide)
@@ -347,8 +303,7 @@ TEST(Targeting, AMissileThatMayNotFireIsCreditedWithTheLastMissionOfTheSide)
     EXPECT_EQ(BCHNOW, 0);
     EXPECT_EQ(TG[1].FUNIT, ssm);
     EXPECT_EQ(UNIT[ssm].FIREMISSION, 1);
-    EXPECT_EQ(UNIT[uav].TGTLINK, 1);
-    EXPECT_EQ(UNIT[ssm].FSP, 0);
+    EXPECT_EQ(Row(UNIT[uav].TGTLINK, UNIT[ssm].FSP), Row(1, 0));
     EXPECT_EQ(UNIT[gun].FSP, 2);   // no mission: the guns cover the strike
     EXPECT_EQ(UNIT[free].FSP, 2);
     UNIT[uav].SPOTTED = 0;
@@ -359,8 +314,7 @@ TEST(Targeting, AMissileThatMayNotFireIsCreditedWithTheLastMissionOfTheSide)
 TEST(Targeting, AHelicopterStrikeIsLaunchedByTheSharedDiceOfTheAir)
 {
     Board board(60, 60);
-    const int ah = board.Place(BLUE, 100, 100, 11);
-    UNIT[ah].MOBILITY = 3;
+    const int ah = Flyer(board, BLUE, 11);
     const int target = Spotted(board, RED, 300, 100, 3);
     UNIT[target].HPTVALUE = 100;   // above 80: no roll of rule 4
     UNIT[target].HVTTYPE = 7;
@@ -372,10 +326,7 @@ TEST(Targeting, AHelicopterStrikeIsLaunchedByTheSharedDiceOfTheAir)
     EXPECT_FALSE(Plan_AH_Strike(ah));
     Next_Roll(50);   // 25: 50
     EXPECT_TRUE(Plan_AH_Strike(ah));
-    EXPECT_EQ(UNIT[ah].MOVESTATUS, 9);
-    EXPECT_EQ(UNIT[ah].OX1, 300);
-    EXPECT_EQ(UNIT[ah].HPTL1, 7);
-    EXPECT_EQ(UNIT[target].TGTLINK, 1);
+    EXPECT_EQ(Row(UNIT[ah].MOVESTATUS, UNIT[ah].OX1, UNIT[ah].HPTL1, UNIT[target].TGTLINK), Row(9, 300, 7, 1));
     Next_Roll(21);   // linked: a failed roll of rule 5 ends this unit's test
     EXPECT_FALSE(Plan_AH_Strike(ah));
 }
@@ -393,22 +344,15 @@ TEST(EnemyMovement, StancesReservesAndRetreats)
     EXPECT_EQ(UNIT[reserve].NUMBER_OF_NODES, 0);   // no routes on the first turn
     EXPECT_EQ(UNIT[cavalry].TACOPN, 3);
     EXPECT_NE(UNIT[cavalry].LX, 0);
-    UNIT[300].TYPE = 50;
-    UNIT[300].SIDE = BLUE;
-    UNIT[300].STATUS = 2;
-    UNIT[300].X = 20;
-    UNIT[300].Y = 30;
+    UNIT[300] = {.X = 20, .Y = 30, .SIDE = BLUE, .STATUS = 2, .TYPE = 50};
     Plan_Movement(PLAN{BLUE, 2, true});
-    EXPECT_EQ(UNIT[reserve].OX1, 20);
-    EXPECT_EQ(UNIT[reserve].TACOPN, 4);
-    UNIT[reserve].X = 20;
-    UNIT[reserve].Y = 30;
+    EXPECT_EQ(Row(UNIT[reserve].OX1, UNIT[reserve].TACOPN), Row(20, 4));
+    Place_Unit(reserve, 20, 30);
     UNIT[reserve].OX2 = 500;
     UNIT[reserve].OY2 = 400;
     UNIT[reserve].AIACTION = 0;
     Plan_Movement(PLAN{BLUE, 1, true});
-    EXPECT_EQ(UNIT[reserve].OX1, 500);   // arrived: the next destination
-    EXPECT_EQ(UNIT[reserve].OX2, 0);
+    EXPECT_EQ(Row(UNIT[reserve].OX1, UNIT[reserve].OX2), Row(500, 0));   // arrived: the next destination
 }
 
 TEST(EnemyMovement, AnAttackerLeadsWithItsFightersAndTurnsOnWhatItMeets)
@@ -438,14 +382,9 @@ TEST(EnemyMovement, AnAttackerLeadsWithItsFightersAndTurnsOnWhatItMeets)
 TEST(EnemyMovement, AHotObjectiveBarsAllThatFollow)
 {
     Board board(60, 60);
-    const int lift = board.Place(RED, 100, 100, 12);
-    UNIT[lift].MOBILITY = 3;
+    const int lift = Flyer(board, RED, 12);
     board.Place(RED, 200, 100, 19);
-    for (int o = 1; o <= 2; ++o) {
-        OBJ[o].OTYPE = 1;
-        OBJ[o].OX = 250 * o;
-        OBJ[o].OY = 400;
-    }
+    for (int o = 1; o <= 2; ++o) OBJ[o] = {.OTYPE = 1, .OX = 250 * o, .OY = 400};
     Spotted(board, BLUE, 350, 400, 5);   // 10 km from the first, 15 from the second
     Next_Roll(1);
     const int seed = RSEED;
@@ -457,53 +396,39 @@ TEST(EnemyMovement, AHotObjectiveBarsAllThatFollow)
 TEST(EnemyMovement, AnAirAssaultIsPlannedWithItsZonesAndItsWayHome)
 {
     Board board(60, 60);
-    const int lift = board.Place(RED, 100, 100, 12), tanks = board.Place(RED, 150, 100, 5),
+    const int lift = Flyer(board, RED, 12), tanks = board.Place(RED, 150, 100),
               inf = board.Place(RED, 200, 100, 19);
-    UNIT[lift].MOBILITY = 3;
     UNIT[inf].SIZE = 2;
-    OBJ[1].OTYPE = 1;
-    OBJ[1].OID = RED;
-    OBJ[2].OTYPE = 1;
-    OBJ[2].OX = 400;
-    OBJ[2].OY = 300;
+    OBJ[1] = {.OTYPE = 1, .OID = RED};
+    OBJ[2] = {.OTYPE = 1, .OX = 400, .OY = 300};
     Next_Roll(19);
     Plan_Movement(PLAN{RED, 1, false});
-    EXPECT_EQ(UNIT[inf].CARRIER, lift);
-    EXPECT_EQ(UNIT[tanks].CARRIER, 0);
+    EXPECT_EQ(Row(UNIT[inf].CARRIER, UNIT[tanks].CARRIER), Row(lift, 0));
     ASSERT_EQ(UNIT[lift].NUMBER_OF_NODES, 3);
-    EXPECT_EQ(MN[UNIT[lift].PZ].MNX, 200);
-    EXPECT_EQ(MN[UNIT[lift].LZ].MNX, 400);
-    EXPECT_EQ(MN[303].MNX, 100);
+    EXPECT_EQ(Row(MN[UNIT[lift].PZ].MNX, MN[UNIT[lift].LZ].MNX, MN[303].MNX), Row(200, 400, 100));
     const int seed = RSEED;
     Plan_Movement(PLAN{RED, 1, false});   // a flight under way is not planned again
     EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 3);
     EXPECT_EQ(RSEED, seed);
 
     // Out of fuel short of its zone, with the infantry aboard: the infantry gets off, and the lift plans anew.
-    UNIT[lift].PASSENGER = inf;
-    Place_Off_Picture(inf);
-    UNIT[lift].MOVESTATUS = 0;
-    Next_Roll(100);   // no objective is taken this time
-    Plan_Movement(PLAN{RED, 1, false});
-    EXPECT_EQ(UNIT[inf].X, 100);
-    EXPECT_EQ(UNIT[inf].CARRIER, 0);
-    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 0);
+    const auto run_dry_and_plan = [&](int roll) {
+        UNIT[lift].PASSENGER = inf;
+        Place_Off_Picture(inf);
+        UNIT[lift].MOVESTATUS = 0;
+        Next_Roll(roll);
+        Plan_Movement(PLAN{RED, 1, false});
+        EXPECT_EQ(Row(UNIT[inf].X, UNIT[inf].CARRIER, UNIT[lift].NUMBER_OF_NODES), Row(100, 0, 0));
+    };
+    run_dry_and_plan(100);   // no objective is taken this time
 
     // With one node left it picks the infantry up and has no zone for it; with none nobody is told to wait.
     for (int row = 302; row <= 600; ++row) MN[row].MNUNIT = tanks;
     Next_Roll(19);
     Plan_Movement(PLAN{RED, 1, false});
-    EXPECT_EQ(UNIT[lift].PZ, 301);
-    EXPECT_EQ(UNIT[lift].LZ, 0);
-    EXPECT_EQ(UNIT[inf].CARRIER, lift);
+    EXPECT_EQ(Row(UNIT[lift].PZ, UNIT[lift].LZ, UNIT[inf].CARRIER), Row(301, 0, lift));
     Clear_Node(301);
-    UNIT[lift].PASSENGER = inf;
-    Place_Off_Picture(inf);
-    UNIT[lift].MOVESTATUS = UNIT[lift].NUMBER_OF_NODES = 0;
+    UNIT[lift].NUMBER_OF_NODES = 0;
     MN[301].MNUNIT = tanks;
-    Next_Roll(19);
-    Plan_Movement(PLAN{RED, 1, false});
-    EXPECT_EQ(UNIT[inf].X, 100);
-    EXPECT_EQ(UNIT[inf].CARRIER, 0);
-    EXPECT_EQ(UNIT[lift].NUMBER_OF_NODES, 0);
+    run_dry_and_plan(19);
 }

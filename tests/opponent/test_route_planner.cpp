@@ -4,6 +4,7 @@
 #include "manoeuvre/movement.h"
 #include "manoeuvre/routes.h"
 #include "support/board.h"
+#include "support/numbers.h"
 #include "terrain/grid.h"
 
 #include <gtest/gtest.h>
@@ -109,15 +110,12 @@ TEST(RoutePlanner, ADetourLeadsOverTheBridge)
     UNIT[tank].OY1 = 5;
     Plan_Route(tank);
     ASSERT_EQ(UNIT[tank].NUMBER_OF_NODES, 2);
-    EXPECT_EQ(MN[2].MNX, 85);
-    EXPECT_EQ(MN[2].MNY, 5);
+    EXPECT_EQ(Row(MN[2].MNX, MN[2].MNY), Row(85, 5));
     EXPECT_GT(MN[1].MNY, 5);
     EXPECT_EQ(UNIT[tank].MOVESTATUS, 2);
-    const int x = MN[1].MNX, y = MN[1].MNY;
+    const auto found = Row(2, MN[1].MNX, MN[1].MNY);
     Plan_Route(tank);   // nothing cheaper: the route stays
-    EXPECT_EQ(UNIT[tank].NUMBER_OF_NODES, 2);
-    EXPECT_EQ(MN[1].MNX, x);
-    EXPECT_EQ(MN[1].MNY, y);
+    EXPECT_EQ(Row(UNIT[tank].NUMBER_OF_NODES, MN[1].MNX, MN[1].MNY), found);
 }
 
 TEST(RoutePlanner, ItsShortcutsFindTheVeryWayOfThePlainSearch)
@@ -143,8 +141,7 @@ TEST(RoutePlanner, ItsShortcutsFindTheVeryWayOfThePlainSearch)
         Plan_Route(u);
         ASSERT_EQ(UNIT[u].NUMBER_OF_NODES, via.X == 0 && via.Y == 0 ? 1 : 2) << n;
         if (via.X != 0) {
-            EXPECT_EQ(MN[1].MNX, via.X) << n;
-            EXPECT_EQ(MN[1].MNY, via.Y) << n;
+            EXPECT_EQ(Row(MN[1].MNX, MN[1].MNY), Row(via.X, via.Y)) << n;
             ++detours;
         }
         Remove_Unit(u);
@@ -159,8 +156,7 @@ TEST(RoutePlanner, OverOpenGroundTheRouteIsOneNode)
     UNIT[tank].OX1 = 155;
     UNIT[tank].OY1 = 55;
     Plan_Route(tank);
-    EXPECT_EQ(UNIT[tank].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(MN[301].MNX, 155);
+    EXPECT_EQ(Row(UNIT[tank].NUMBER_OF_NODES, MN[301].MNX), Row(1, 155));
     for (int row = 301; row <= 600; ++row) MN[row].MNUNIT = tank;
     EXPECT_EQ(AI_Add_Node(tank, 5, 5), 0);   // the half of the table is full
 }
