@@ -29,9 +29,7 @@ protected:
         }
         UNIT[1].NUMBER_OF_NODES = 2;
         for (int row = 1; row <= 2; ++row) {
-            MN[row].MNUNIT = 1;
-            MN[row].MNUNITNUMBER = row;
-            MN[row].MNSIDE = BLUE;
+            MN[row] = {.MNUNIT = 1, .MNUNITNUMBER = row, .MNSIDE = BLUE};
         }
     }
 
@@ -78,10 +76,7 @@ TEST_F(Check_File_Test, NamesTheLineAndTheFaultOfABadValue)
 {
     Lay_Sound_Game();
     struct BAD {
-        const char* BEHIND;
-        const char* START;
-        const char* OTHER;
-        const char* WORDS;
+        const char *BEHIND, *START, *OTHER, *WORDS;
     };
     static constexpr BAD LINES[] = {
         {"GTIME", "DDAY:", "DDAY: soon", "DDAY: \"soon\" is not a number"},
@@ -124,21 +119,18 @@ TEST_F(Check_File_Test, CountsRecordsAndMissesKeys)
     };
     EXPECT_EQ(Check("PX1: 3\r\n").front(), "1: PX1 stands before the first record of P");
     EXPECT_EQ(Check(without("MAPSCALE", "HEXWIDTH")), std::vector<std::string>{"1: the header has no MAPSCALE"});
-    const auto short_of_one = Check(without("---------NEW UNIT---------\r\nUNIT NUMBER:  600", "========CONTROL"));
-    ASSERT_EQ(short_of_one.size(), 1u);
-    EXPECT_TRUE(short_of_one[0].ends_with(": UNIT has 599 records of 600")) << short_of_one[0];
-
     std::string surplus = whole;
     surplus.insert(surplus.find("========CONTROL"), "IMAGE: x\r\nNAME: the 601st\r\n");
-    const auto found = Check(surplus);
-    ASSERT_EQ(found.size(), 1u);
-    EXPECT_TRUE(found[0].ends_with(": more than 600 records of UNIT")) << found[0];
-
-    std::string twice = whole;
-    twice.insert(0, "GTURN:  1\r\n");
-    const auto again = Check(twice);
-    ASSERT_EQ(again.size(), 1u);
-    EXPECT_TRUE(again[0].ends_with(": GTURN stands twice, in line 1 first")) << again[0];
+    const std::pair<std::string, const char*> texts[] = {
+        {without("---------NEW UNIT---------\r\nUNIT NUMBER:  600", "========CONTROL"),
+         ": UNIT has 599 records of 600"},
+        {surplus, ": more than 600 records of UNIT"},
+        {"GTURN:  1\r\n" + whole, ": GTURN stands twice, in line 1 first"}};
+    for (const auto& [text, fault] : texts) {
+        const auto found = Check(text);
+        ASSERT_EQ(found.size(), 1u) << fault;
+        EXPECT_TRUE(found[0].ends_with(fault)) << found[0];
+    }
 }
 
 TEST_F(Check_File_Test, AnUnknownKeyAndALeftReferenceOfAGameUnderWayAreRemarks)

@@ -1,4 +1,5 @@
 #include "persist/game_file_fixture.h"
+#include "support/numbers.h"
 
 using namespace sm;
 using namespace sm::test;
@@ -78,36 +79,26 @@ TEST_F(Game_Reader, TakesEveryWayOfWritingANumber)
     EXPECT_EQ(DLONGX, -7.0f);
     EXPECT_EQ(BSCALE, 12);
     EXPECT_EQ(WINDD, 2) << "halves go to the even number";
-    EXPECT_EQ(WINDS, 4);
-    EXPECT_EQ(VSTATUS, -2);
-    EXPECT_EQ(BLUEVP, 300);
-    EXPECT_EQ(REDVP, 32767);
-    EXPECT_EQ(MAXGTURN, 32767);
+    EXPECT_EQ(Row(WINDS, VSTATUS, BLUEVP, REDVP, MAXGTURN), Row(4, -2, 300, 32767, 32767));
 }
 
 TEST_F(Game_Reader, RefusesEachKindOfBadLineUnderItsNumber)
 {
-    struct BAD {
-        const char* LINE;
-        int NUMBER;
-    };
-    static constexpr BAD LINES[] = {
-        {"GTURN:", 13},        {"GTURN:  ", 13},          {"GTURN", 13},
-        {"GTURN: 4x", 13},     {"GTURN: 1,5", 13},        {"GTURN: - 5", 13},
-        {"GTURN: +-5", 13},
-        {"GTURN: 4 5", 13},    {"MAPSCALE: nan", 13},     {"MAPSCALE: inf", 13},
-        {"MAPSCALE:", 13},     {"MAPSCALE: 0x10", 13},    {"GTURN: 32768", 6},
-        {"GTURN: -32769", 6},  {"GTURN: 32767.5", 6},     {"GTURN: 1e400", 6},
-        {"MAPSCALE: 1e39", 6}, {"GTURN: 99999999999", 6}, {"MAPSCALE: -1e400", 6},
-        {"NAME: n", 9},        {"OVALUE: 1", 9},          {"PX1: 1", 9},
-        {"RRCP: 1", 9},        {"PPMSG: late", 9},        {"MNX: 1", 9},
-    };
-    for (const BAD& bad : LINES) {
-        const Log_Lines log;
-        EXPECT_EQ(Read({"BSCALE: 2", bad.LINE, "MAXGTURN: 7"}), bad.NUMBER) << bad.LINE;
-        EXPECT_EQ(log.Count(Cat("Error: ", To_Text(bad.NUMBER), ", line 2: ")), 1) << bad.LINE;
-        EXPECT_EQ(log.Count("Game file is loaded"), 0) << bad.LINE;
-    }
+    const std::pair<int, std::vector<const char*>> KINDS[] = {
+        {13,
+         {"GTURN:", "GTURN:  ", "GTURN", "GTURN: 4x", "GTURN: 1,5", "GTURN: - 5", "GTURN: +-5", "GTURN: 4 5",
+          "MAPSCALE: nan", "MAPSCALE: inf", "MAPSCALE:", "MAPSCALE: 0x10"}},
+        {6,
+         {"GTURN: 32768", "GTURN: -32769", "GTURN: 32767.5", "GTURN: 1e400", "GTURN: 99999999999",
+          "MAPSCALE: 1e39", "MAPSCALE: -1e400"}},
+        {9, {"NAME: n", "OVALUE: 1", "PX1: 1", "RRCP: 1", "PPMSG: late", "MNX: 1"}}};
+    for (const auto& [number, lines] : KINDS)
+        for (const char* line : lines) {
+            const Log_Lines log;
+            EXPECT_EQ(Read({"BSCALE: 2", line, "MAXGTURN: 7"}), number) << line;
+            EXPECT_EQ(log.Count(Cat("Error: ", To_Text(number), ", line 2: ")), 1) << line;
+            EXPECT_EQ(log.Count("Game file is loaded"), 0) << line;
+        }
 }
 
 TEST_F(Game_Reader, KeepsWhatItReadBeforeAFailureAndTellsThePlayerTheNumber)
@@ -138,26 +129,21 @@ TEST_F(Game_Reader, CountsRecordsByTheirFirstKeysAlone)
               0);
     EXPECT_EQ(UNIT[1].NAME, "one");
     EXPECT_EQ(UNIT[2].NAME, "two") << "a table's keys go on where its own count stands";
-    EXPECT_EQ(OBJ[1].OX, 7);
-    EXPECT_EQ(OBJ[2].OX, 10);
+    EXPECT_EQ(Row(OBJ[1].OX, OBJ[2].OX), Row(7, 10));
     EXPECT_EQ(P[1].PX1, 9);
     EXPECT_TRUE(UNIT[400].NAME == "");
 }
 
 TEST_F(Game_Reader, RefusesARecordMoreThanATableHas)
 {
-    struct TABLE {
-        const char* FIRST_KEY;
-        int SIZE;
-    };
-    static constexpr TABLE TABLES[] = {{"IMAGE", 600}, {"PTYPE", 400}, {"TXTYPE", 100}, {"MNUNIT", 600},
-                                       {"TGX", 200},   {"BGHEX", 300}, {"NBCHEX", 50},  {"OTYPE", 50},
-                                       {"BRCP", 50},   {"PPTYPE", 20}};
-    for (const TABLE& table : TABLES) {
+    const std::pair<std::string, int> TABLES[] = {{"IMAGE", 600}, {"PTYPE", 400}, {"TXTYPE", 100}, {"MNUNIT", 600},
+                                                  {"TGX", 200},   {"BGHEX", 300}, {"NBCHEX", 50},  {"OTYPE", 50},
+                                                  {"BRCP", 50},   {"PPTYPE", 20}};
+    for (const auto& [first_key, size] : TABLES) {
         std::string text;
-        for (int i = 0; i < table.SIZE; ++i) text += Cat(table.FIRST_KEY, ": 0\r\n");
-        EXPECT_EQ(Read_Game_Text(text), 0) << table.FIRST_KEY;
-        EXPECT_EQ(Read_Game_Text(text + table.FIRST_KEY + ": 0\r\n"), 9) << table.FIRST_KEY;
+        for (int i = 0; i < size; ++i) text += first_key + ": 0\r\n";
+        EXPECT_EQ(Read_Game_Text(text), 0) << first_key;
+        EXPECT_EQ(Read_Game_Text(text + first_key + ": 0\r\n"), 9) << first_key;
     }
 }
 
@@ -185,8 +171,7 @@ TEST_F(Game_Reader, KeepsTheOldQuirksOfTheFormat)
     EXPECT_EQ(UNIT[1].DISTANCE_TO_END, 12) << "read when present";
     EXPECT_EQ(UNIT[1].ROE + UNIT[1].FREEHUNT + UNIT[1].HPTVALUE + UNIT[1].TGTLINK + UNIT[1].HQPOWER, 0);
     EXPECT_EQ(UNIT[1].TURNLOSS, 0.0f);
-    EXPECT_EQ(PP[1].PPVISIBLE, 0);
-    EXPECT_EQ(PP[1].PPACTIVE, 1);
+    EXPECT_EQ(Row(PP[1].PPVISIBLE, PP[1].PPACTIVE), Row(0, 1));
     EXPECT_EQ(Read({"NAIAB: 9"}), 0);
     EXPECT_EQ(BAIAB, 9);
 }
@@ -205,8 +190,8 @@ TEST_F(Game_Reader, ErasesTheTablesFirstAndLeavesScalarsWeaponsAndPlayers)
     EXPECT_EQ(Read({"GTURN: 1"}), 0);
     EXPECT_EQ(UNIT[7].ROE, 0);
     EXPECT_EQ(UNIT[7].TURNLOSS, 0.0f);
-    EXPECT_EQ((std::vector<int>{MN[9].MNUNIT, P[9].PTYPE, TX[9].TXSIDE, TG[9].TGTYPE, BG[9].BGTYPE, NBC[9].NBCTYPE,
-                                OBJ[9].OTYPE, PP[9].PPTYPE, SITREPLIST[1].USED, SitrepCount}),
+    EXPECT_EQ(Row(MN[9].MNUNIT, P[9].PTYPE, TX[9].TXSIDE, TG[9].TGTYPE, BG[9].BGTYPE, NBC[9].NBCTYPE, OBJ[9].OTYPE,
+                  PP[9].PPTYPE, SITREPLIST[1].USED, SitrepCount),
               std::vector<int>(10, 0));
     EXPECT_EQ(AAR[9].BRCP, 0.0f);
     EXPECT_EQ(PLAYERS[1].STATUS, 4);
@@ -231,14 +216,12 @@ TEST_F(Game_Reader, TellsEachMissingIconOnceInTheLogAndOneBoxALoad)
         return log.Count(Cat("Error: 53, missing icon: \\icons\\", name));
     };
     EXPECT_EQ(missing("bada3.ico"), 0) << "names are looked up without regard to case";
-    EXPECT_EQ(missing("rada3.ico"), 1);
-    EXPECT_EQ(missing("unused.ico"), 0);
-    EXPECT_EQ(missing("NAI.ico"), 1);
-    EXPECT_EQ(missing("gas.ico"), 0);
-    EXPECT_EQ(missing("smoke.ico"), 1);
-    EXPECT_EQ(missing("Mcorridor.ico") + missing("KeyT.ico") + missing("Obj.ico"), 3);
-    EXPECT_EQ(missing("TAI.ico"), 0) << "of a free row";
-    EXPECT_EQ(missing("..\\SM.log"), 1) << "nothing outside the program folder is opened";
+    EXPECT_EQ(Row(missing("unused.ico"), missing("gas.ico"), missing("TAI.ico")), Row(0, 0, 0))
+        << "free rows, too";
+    // Nothing outside the program folder is opened.
+    for (const char* name :
+         {"rada3.ico", "NAI.ico", "smoke.ico", "Mcorridor.ico", "KeyT.ico", "Obj.ico", "..\\SM.log"})
+        EXPECT_EQ(missing(name), 1) << name;
     EXPECT_EQ(log.Count("missing icon"), 8) << "the unit without a name among them";
     EXPECT_EQ(screen.Count("box", "Stonemarch|Error: 53"), 1);
 }

@@ -40,36 +40,18 @@ private:
                                                       "7 7",   "0x1", "",   "\r\n", "IMAGE", "NAME: x"};
         const std::size_t at = Line_Start(text), size = text.size();
         const std::size_t colon = text.find(':', at), stop = text.find('\n', at);
-        switch (Below(9)) {
-        case 0:
-            text[Below(size)] = static_cast<char>(Below(256));
-            break;
-        case 1:
-            text.erase(Below(size), Below(200));
-            break;
-        case 2:
-            text.resize(Below(size));
-            break;
-        case 3:
-            text.insert(at, text, Line_Start(text), Below(300));
-            break;   // a piece from elsewhere, lines mostly whole
-        case 4:
-            text.insert(Below(size), PIECES[Below(std::size(PIECES))]);
-            break;
-        case 5:   // another value
-            if (colon < stop && stop != text.npos)
-                text.replace(colon + 1, stop - colon - 1, PIECES[Below(std::size(PIECES))]);
-            break;
-        case 6:
-            text.erase(at, stop == text.npos ? text.npos : stop + 1 - at);
-            break;   // a line gone
-        case 7:      // a line end of another system
-            if (stop != text.npos && stop > 0 && text[stop - 1] == '\r') text.erase(stop - 1, 1);
-            break;
-        default:
-            text.insert(at, std::string(Below(3000), 'A'));
-            break;
-        }
+        const auto kind = Below(9);
+        if (kind == 0) text[Below(size)] = static_cast<char>(Below(256));
+        if (kind == 1) text.erase(Below(size), Below(200));
+        if (kind == 2) text.resize(Below(size));
+        if (kind == 3) text.insert(at, text, Line_Start(text), Below(300));   // from elsewhere, lines mostly whole
+        if (kind == 4) text.insert(Below(size), PIECES[Below(std::size(PIECES))]);
+        if (kind == 5 && colon < stop && stop != text.npos)   // another value
+            text.replace(colon + 1, stop - colon - 1, PIECES[Below(std::size(PIECES))]);
+        if (kind == 6) text.erase(at, stop == text.npos ? text.npos : stop + 1 - at);   // a line gone
+        if (kind == 7 && stop != text.npos && stop > 0 && text[stop - 1] == '\r')   // another system's line end
+            text.erase(stop - 1, 1);
+        if (kind == 8) text.insert(at, std::string(Below(3000), 'A'));
         if (text.empty()) text = "x";
     }
 };
@@ -84,8 +66,7 @@ std::string Small_Game()
         UNIT[row].STATUS = row - 1;
         UNIT[row].RCP = static_cast<float>(row) / 3.0f;
         UNIT[row].DY = row * 7;
-        MN[row].MNUNIT = row;
-        MN[row].MNX = -row;
+        MN[row] = {.MNUNIT = row, .MNX = -row};
         PP[row].PPMSG = "Bridge: out";
         PP[row].PPVISIBLE = row;
         NBC[row].NBCTYPE = row + 18;

@@ -20,10 +20,8 @@ TEST_F(Weapons_File, EachWpnLineBeginsARowAndNothingElseOfTheGameIsTouched)
     const Log_Lines log;
     ASSERT_EQ(Read_Weapons_Text(TWO_ROWS), 0);
     ASSERT_EQ(WPN.Count(), 2);
-    EXPECT_EQ(WPN[1].WPN, "ADA Btry (Avenger)");
-    EXPECT_EQ(WPN[1].NATION, "U.S.");
-    EXPECT_EQ(WPN[1].IMAGE, "bada3.ico");
-    EXPECT_EQ(WPN[1].RIMAGE, "rada3.ico");
+    EXPECT_EQ(Cat(WPN[1].WPN, ",", WPN[1].NATION, ",", WPN[1].IMAGE, ",", WPN[1].RIMAGE),
+              "ADA Btry (Avenger),U.S.,bada3.ico,rada3.ico");
     EXPECT_EQ(WPN[1].RCP, 0.5f);
     EXPECT_EQ(WPN[1].SIZE, 2);
     EXPECT_EQ(WPN[2].WPN, "Tank Bn");
