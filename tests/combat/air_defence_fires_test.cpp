@@ -1,5 +1,6 @@
 #include "combat/air_defence.h"
 #include "combat/helicopters.h"
+#include "support/cases.h"
 #include "support/fires.h"
 
 using namespace sm;
@@ -11,10 +12,7 @@ namespace {
 int Place_Air_Defence(Board& board, int side, int x, int y)
 {
     const int sam = board.Place(side, x, y, 1, 2.0f);
-    UNIT[sam].MXRANGE = 4;
-    UNIT[sam].MORALE = 3;
-    UNIT[sam].FATIGUE = 0;
-    UNIT[sam].SUPPRESSED = 1;
+    Give(UNIT[sam], "MXRANGE 4, MORALE 3, FATIGUE 0, SUPPRESSED 1");
     return sam;
 }
 
@@ -22,21 +20,18 @@ int Place_Air_Defence(Board& board, int side, int x, int y)
 
 TEST(AirDefenceFire, PowerIsTenfoldForAirDefenceTwofoldByDayAndSmallForSmallArms)
 {
+    const auto power = [](const char* time_of_day, const char* arranged) {
+        Board board(60, 60);
+        TIME_OF_DAY = time_of_day;
+        const int sam = Place_Air_Defence(board, RED, 50, 50);
+        Arrange(sam, 0, arranged);
+        return ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER;
+    };
+    EXPECT_FLOAT_EQ(power("Night", ""), 21.78f);   // 1.089 x 2 x 10
+    EXPECT_FLOAT_EQ(power("Day", ""), 43.56f);
+    EXPECT_FLOAT_EQ(power("Day", "f.EWSTATUS 5"), 43.56f * 0.66f);
+    EXPECT_FLOAT_EQ(power("Day", "f.MORALE 0, f.FATIGUE 16, f.SUPPRESSED 4"), 5.76f);   // 0.3 x 0.8 x 0.6 of 40
     Board board(60, 60);
-    const int sam = Place_Air_Defence(board, RED, 50, 50);
-    TIME_OF_DAY = "Night";
-    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 21.78f);   // 1.089 x 2 x 10
-    UNIT[sam].FATIGUE = 0;
-    TIME_OF_DAY = "Day";
-    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 43.56f);
-    EXPECT_EQ(UNIT[sam].FATIGUE, 1);
-    UNIT[sam].EWSTATUS = 5;
-    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 43.56f * 0.66f);
-    UNIT[sam].EWSTATUS = 0;
-    UNIT[sam].MORALE = 0;
-    UNIT[sam].FATIGUE = 16;
-    UNIT[sam].SUPPRESSED = 4;   // 0.3 x 0.8 x 0.6 = 0.144 of 40
-    EXPECT_FLOAT_EQ(ADA_Fire(100, sam, 0, 150, 50, 2, 0).POWER, 5.76f);
     const int tanks = board.Place(RED, 50, 50);
     UNIT[tanks].MORALE = 0;   // does not matter for small arms
     const int slot = Place_Mission(BLUE, 4, 50, 50, 0, 5, 3);
@@ -49,30 +44,28 @@ TEST(AirDefenceFire, DistanceWeighsOnlyFarBeyondAnyRangeAndARangeOfNoneIsOne)
     Board board(60, 60);
     const int sam = board.Place(RED, 50, 50, 2, 1.0f);
     UNIT[sam].MXRANGE = 0;
-    const auto power = [&](int distance) {
+    // 33.49 kilometres round to 33
+    for (const auto& [distance, power] :
+         CASES<int, float>{{3349, 20}, {3360, 15}, {6640, 15}, {6700, 10}, {10000, 10}, {10100, 20}}) {
         UNIT[sam].FATIGUE = 2;
-        return ADA_Fire(distance, sam, 0, 150, 50, 2, 0).POWER;
-    };
-    EXPECT_FLOAT_EQ(power(3349), 20.0f);   // 33.49 rounds to 33
-    EXPECT_EQ(UNIT[sam].MXRANGE, 1);
-    EXPECT_FLOAT_EQ(power(3360), 15.0f);
-    EXPECT_FLOAT_EQ(power(6640), 15.0f);
-    EXPECT_FLOAT_EQ(power(6700), 10.0f);
-    EXPECT_FLOAT_EQ(power(10000), 10.0f);
-    EXPECT_FLOAT_EQ(power(10100), 20.0f);
+        EXPECT_FLOAT_EQ(ADA_Fire(distance, sam, 0, 150, 50, 2, 0).POWER, power) << distance;
+        EXPECT_EQ(UNIT[sam].MXRANGE, 1);
+    }
 }
 
 TEST(AirDefenceFire, AUnitThatCannotFireRollsNothing)
 {
-    Board board(60, 60);
-    const int sam = Place_Air_Defence(board, RED, 50, 50);
-    UNIT[sam].TACOPN = -1;
-    EXPECT_FALSE(ADA_Fire(10, sam, 0, 150, 50, 2, 0).FIRED);
-    UNIT[sam].TACOPN = 0;
-    UNIT[sam].STATUS = 1;
-    EXPECT_FALSE(ADA_Fire(10, sam, 0, 150, 50, 2, 0).FIRED);
-    EXPECT_EQ(RSEED, 0);
-    EXPECT_EQ(UNIT[sam].FATIGUE, 0);
+    for (const char* arranged : {"f.TACOPN -1", "f.STATUS 1"}) {
+        Board board(60, 60);
+        const int sam = Place_Air_Defence(board, RED, 50, 50);
+        Arrange(sam, 0, arranged);
+        EXPECT_FALSE(ADA_Fire(10, sam, 0, 150, 50, 2, 0).FIRED);
+        EXPECT_EQ(RSEED, 0);
+        EXPECT_EQ(UNIT[sam].FATIGUE, 0);
+        Arrange(sam, 0, "f.TACOPN 0, f.STATUS 2");
+        EXPECT_TRUE(ADA_Fire(10, sam, 0, 150, 50, 2, 0).FIRED);
+        EXPECT_EQ(UNIT[sam].FATIGUE, 1);
+    }
 }
 
 TEST(AirDefenceFire, AFlyerLosesAThirdAtMostAnEighthOfThePowerOnSecurityATenthWhenAborting)
@@ -115,53 +108,44 @@ TEST(AirDefenceFire, WithoutAnyPowerAFifthOfTheShotsTouch)
 
 TEST(AirDefence, AStrikeIsDisruptedWhenTheRollAndItsSortiesAreWithinThePower)
 {
-    Board board(60, 60);
-    const int sam = Place_Air_Defence(board, RED, 150, 50);
-    const int slot = Place_Mission(BLUE, 3, 150, 50, 0, 11, 2);
-    Roll_Next(35);   // 35 + 2 x 4 = 43, at most 43.56
-    ADA_Engage(0, 0, BLUE, 150, 50, 4, slot);
-    EXPECT_EQ(StrikeDisrupted, 1);
-    EXPECT_FLOAT_EQ(BADAL, 1.0f);
-    EXPECT_TRUE(Posted("SITREP: ADA disrupts air strike!"));
-    EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: R301 engages air strike!"));
-    EXPECT_EQ(UNIT[sam].SPOTTED, 1);
-    EXPECT_EQ(UNIT[sam].FIREMISSIONN, 0);
-    UNIT[sam].FATIGUE = 0;
-    Roll_Next(37);
-    ADA_Engage(0, 0, BLUE, 150, 50, 4, slot);   // 45
-    EXPECT_EQ(StrikeDisrupted, 1);
-    UNIT[sam].FATIGUE = 0;
-    Roll_Next(10);
-    ADA_Engage(0, 0, BLUE, 150, 50, 3, slot);   // (10 + 8) x 3 = 54 against bombers
-    EXPECT_EQ(StrikeDisrupted, 1);
+    // power 43.56: 35 + 2 x 4 = 43, 45, and (10 + 8) x 3 = 54 against bombers
+    for (const auto& [roll, kind, disrupted] :
+         CASES<int, int, bool>{{35, 4, true}, {37, 4, false}, {10, 3, false}}) {
+        Board board(60, 60);
+        const int sam = Place_Air_Defence(board, RED, 150, 50);
+        const int slot = Place_Mission(BLUE, 3, 150, 50, 0, 11, 2);
+        Roll_Next(roll);
+        ADA_Engage(0, 0, BLUE, 150, 50, kind, slot);
+        EXPECT_EQ(StrikeDisrupted, disrupted ? 1 : 0) << roll;
+        EXPECT_FLOAT_EQ(BADAL, disrupted ? 1.0f : 0.0f);
+        EXPECT_EQ(Posted("SITREP: ADA disrupts air strike!"), disrupted);
+        EXPECT_TRUE(board.SCREEN.Heard("status", "SITREP: R301 engages air strike!"));
+        EXPECT_TRUE(Has(UNIT[sam], "SPOTTED 1, FIREMISSIONN 0"));
+    }
 }
 
 TEST(AirDefence, GroundUnitsUnderAStrikeFireToo)
 {
-    const auto engaged = [](int kind, int target_class, int distance, bool attached) {
+    const CASES<int, int, int, bool, bool> cases = {
+        {4, 5, 20, false, true}, {4, 5, 21, false, false}, {4, 5, 60, true, true},   // 4 km and half of 40 pixels
+        {4, 5, 61, true, false}, {4, 11, 0, false, false},                           // nobody lives on a bridge
+        {3, 5, 0, false, false},                                                     // bombers are too high
+    };
+    for (const auto& [kind, target_class, distance, attached, engaged] : cases) {
         Board board(60, 60);
         const int tanks = board.Place(RED, 150 + distance, 50);
-        if (attached) {
-            const int sam = Place_Air_Defence(board, RED, -500, -2000);
-            UNIT[sam].PARENT_UNIT = tanks;
-        }
+        if (attached) UNIT[Place_Air_Defence(board, RED, -500, -2000)].PARENT_UNIT = tanks;
         const int slot = Place_Mission(BLUE, kind, 150, 50, 0, target_class, 2);
         ADA_Engage(0, 0, BLUE, 150, 50, kind, slot);
-        return UNIT[tanks].SPOTTED == 1;
-    };
-    EXPECT_TRUE(engaged(4, 5, 20, false));
-    EXPECT_FALSE(engaged(4, 5, 21, false));
-    EXPECT_TRUE(engaged(4, 5, 60, true));   // 4 km and half of 40 pixels
-    EXPECT_FALSE(engaged(4, 5, 61, true));
-    EXPECT_FALSE(engaged(4, 11, 0, false));   // nobody lives on a bridge
-    EXPECT_FALSE(engaged(3, 5, 0, false));    // bombers are too high
+        EXPECT_EQ(UNIT[tanks].SPOTTED == 1, engaged) << kind << ' ' << distance;
+    }
 }
 
 TEST(SmallArms, WhoSeesALowFlyerFiresAtIt)
 {
     Board board(60, 60);
     const int tanks = board.Place(RED, 170, 50, 5, 30.0f);   // 20 pixels
-    board.Place(RED, 171, 50);                     // too far
+    board.Place(RED, 171, 50);                               // too far
     const int guns = board.Place(RED, 150, 50, 8);
     UNIT[guns].FIREMISSIONN = 3;   // has done its day's work
     const int anti_tank = board.Place(RED, 150, 50, 4);
@@ -173,7 +157,7 @@ TEST(SmallArms, WhoSeesALowFlyerFiresAtIt)
     EXPECT_EQ(UNIT[flyer].SPOTTED, 1);
     EXPECT_TRUE(board.SCREEN.Heard("status", "B1 receives small arms fire from R301"));
     EXPECT_EQ(board.SCREEN.Count("status", "receives small arms fire"), 1);
-    EXPECT_NEAR(BADAL, 10.0f / 3, 1e-6);   // some 12 points, a third of 10 at most
+    EXPECT_NEAR(BADAL, 10.0f / 3, 1e-6);     // some 12 points, a third of 10 at most
     EXPECT_EQ(UNIT[sead].FIREMISSIONN, 1);   // its guns answer for it
     UNIT[flyer].MOVESTATUS = 8;
     Small_Arms_Fire(flyer);   // on station it keeps its head down
@@ -204,15 +188,13 @@ TEST(SmallArms, AUAVIsSeenOnceInAHundred)
 
 TEST(SmallArms, AttachedAirDefenceReachesFarAndAHillHidesTheFlyer)
 {
-    Board board(60, 60);
-    const int tanks = board.Place(RED, 205, 55);
-    const int sam = Place_Air_Defence(board, RED, -500, -2000);
-    UNIT[sam].PARENT_UNIT = tanks;
-    const int flyer = Place_In_The_Air(board, BLUE, 155, 55, 12);
-    Small_Arms_Fire(flyer);
-    EXPECT_EQ(UNIT[tanks].SPOTTED, 1);
-    for (int row = 1; row <= 60; ++row)
-        HEXMAP[(18 - 1) * 60 + row].THIGH = 1;   // 30 pixels from the tanks: behind them
-    Small_Arms_Fire(flyer);
-    EXPECT_EQ(UNIT[tanks].SPOTTED, 1);
+    for (const bool hill : {false, true}) {
+        Board board(60, 60);
+        const int tanks = board.Place(RED, 205, 55);
+        UNIT[Place_Air_Defence(board, RED, -500, -2000)].PARENT_UNIT = tanks;
+        const int flyer = Place_In_The_Air(board, BLUE, 155, 55, 12);
+        for (int row = 1; row <= 60; ++row) HEXMAP[(18 - 1) * 60 + row].THIGH = hill;   // 30 pixels from the tanks
+        Small_Arms_Fire(flyer);
+        EXPECT_EQ(UNIT[tanks].SPOTTED, hill ? 0 : 1);
+    }
 }

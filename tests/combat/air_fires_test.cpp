@@ -1,6 +1,7 @@
 #include "combat/air.h"
 #include "combat/air_attack.h"
 #include "combat/air_defence.h"
+#include "support/cases.h"
 #include "support/fires.h"
 
 using namespace sm;
@@ -44,11 +45,7 @@ TEST(AirAttack, NightAirDefenceAndCoverTakeMostOfIt)
 {
     Board board(40, 40);
     const int target = board.Place(RED, 150, 50);
-    UNIT_RECORD& t = UNIT[target];
-    t.SIZE = 2;
-    t.TERTYPE = 4;
-    t.TACOPN = 1;
-    t.MOBILITY = 1;
+    Arrange(0, target, "t.SIZE 2, t.TERTYPE 4, t.TACOPN 1, t.MOBILITY 1");
     TIME_OF_DAY = "Night";
     StrikeDisrupted = 1;
     Place_Area(BLUE, 13, 150, 50);
@@ -60,35 +57,32 @@ TEST(AirAttack, NightAirDefenceAndCoverTakeMostOfIt)
     EXPECT_TRUE(Posted("Air Strike BDA: R301 lost 4% destroyed"));
 }
 
+// clang-format off
 TEST(AirAttack, DisruptionTargetsOfOpportunityAndSmokeWeighAsTold)
 {
-    const auto loss = [](auto change) {
+    const auto loss = [](const char* arranged, int disrupted = 0, int target_class = 5) {
         Board board(40, 40);
         const int target = board.Place(RED, 150, 50, 5, 1000.0f);
-        const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 8);
-        change(UNIT[target], TG[slot]);
+        const int slot = Place_Mission(BLUE, 4, 150, 50, 0, target_class, 8);
+        StrikeDisrupted = disrupted;
+        Arrange(0, target, arranged);
         Air_Attack(target, 4, slot);
         return static_cast<float>(RAIRL);
     };
-    const float plain = loss([](auto&, auto&) {});
-    EXPECT_FLOAT_EQ(plain, 12.0f);   // 3 x 0.5 x 8
-    EXPECT_FLOAT_EQ(loss([](auto&, auto&) { StrikeDisrupted = 2; }), plain / 8);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto&) { StrikeDisrupted = 7; }), plain / 12);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& m) { m.TGHPT = 0; }), plain * 0.6f);   // 1.8 a sortie
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.OBSCURED = 1; }), plain / 3);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 1; }), plain * 2);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 5; }), plain * 0.25f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.SIZE = 6; }), plain * 0.1f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 1; }), plain * 0.8f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 6; }), plain * 0.6f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 18; }), plain * 1.3f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TERTYPE = 25; }), plain * 0.3f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = -1; }), plain * 1.3f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = 4; }), plain * 0.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.TACOPN = 11, t.MOBILITY = 0; }), plain * 0.4f * 0.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.MOBILITY = 3, t.MOVESTATUS = 1; }), plain * 1.5f * 1.3f);
-    EXPECT_FLOAT_EQ(loss([](auto& t, auto&) { t.MOBILITY = 3, t.MOVESTATUS = 8; }), 0.1f);   // the least
+    EXPECT_FLOAT_EQ(loss(""), 12.0f);   // 3 x 0.5 x 8
+    EXPECT_FLOAT_EQ(loss("", 2), 12.0f / 8);
+    EXPECT_FLOAT_EQ(loss("", 7), 1.0f);
+    EXPECT_FLOAT_EQ(loss("", 0, 0), 7.2f);                               // 1.8 a sortie
+    EXPECT_FLOAT_EQ(loss("t.MOBILITY 3, t.MOVESTATUS 8"), 0.1f);   // the least
+    constexpr FACTOR_CASE CASES[] = {
+        {"t.OBSCURED 1", 1.0f / 3}, {"t.SIZE 1", 2}, {"t.SIZE 5", 0.25f}, {"t.SIZE 6", 0.1f},
+        {"t.TERTYPE 1", 0.8f}, {"t.TERTYPE 6", 0.6f}, {"t.TERTYPE 18", 1.3f}, {"t.TERTYPE 25", 0.3f},
+        {"t.TACOPN -1", 1.3f}, {"t.TACOPN 4", 0.5f}, {"t.TACOPN 11, t.MOBILITY 0", 0.4f * 0.5f},
+        {"t.MOBILITY 3, t.MOVESTATUS 1", 1.5f * 1.3f},
+    };
+    Expect_Factors(CASES, [&](const char* arranged) { return loss(arranged); });
 }
+// clang-format on
 
 TEST(AirAttack, BombersDestroyOutrightAndALostTargetIsLeftAlone)
 {
@@ -159,8 +153,7 @@ TEST(AirMission, TheNearestKnownUnitOfTheClassIsHuntedAndOfEqualsTheLater)
     const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 5, 2);
     Air_Mission(slot);
     EXPECT_TRUE(Posted("SITREP: 2 X Air Strike Sorties attack R302"));
-    EXPECT_EQ(TG[slot].TGX, 152);
-    EXPECT_EQ(TG[slot].TGY, 30);
+    EXPECT_TRUE(Has(TG[slot], "TGX 152, TGY 30"));
     EXPECT_TRUE(Posted("SITREP: Air strike attacks target!"));
     EXPECT_GT(RAIRL, 0);
     EXPECT_EQ(chosen, 302);
@@ -231,8 +224,7 @@ TEST(AirMission, WorksAndSmokeWithinTenKilometresAreSeenFromTheAir)
 {
     Board board(40, 40);
     const auto work = [](int row, int side, int x) {
-        BG[row].BGHEX = 1;
-        BG[row].BGTYPE = 8;
+        Give(BG[row], "BGHEX 1, BGTYPE 8");
         BG[row].BGSIDE = side;
         BG[row].BGX = x;
         BG[row].BGY = 50;
@@ -244,9 +236,8 @@ TEST(AirMission, WorksAndSmokeWithinTenKilometresAreSeenFromTheAir)
     EXPECT_EQ(BG[1].BGVISIBLE, 1);
     EXPECT_EQ(BG[2].BGVISIBLE, 0);
     EXPECT_EQ(BG[3].BGVISIBLE, 0);
-    NBC[1].NBCTYPE = 20;
-    NBC[1].NBCSIDE = RED;
-    NBC[1].NBCHEX = Hex_Number(255, 55);   // centre (255, 55)
+    Give(NBC[1], "NBCTYPE 20, NBCSIDE RED");
+    NBC[1].NBCHEX = Hex_Number(255, 55);                      // centre (255, 55)
     Air_Mission(Place_Mission(BLUE, 4, 155, 55, 0, 11, 2));   // attacks, and looks
     EXPECT_EQ(BG[2].BGVISIBLE, 1);
     EXPECT_EQ(NBC[1].NBCVISIBLE, 1);
@@ -283,8 +274,7 @@ TEST(Interception, AUAVEscapesNineTimesOfTen)
     const int uav = Place_In_The_Air(board, BLUE, 150, 50, 26);
     RSEED = 9;   // 5, 5: both tests
     EXPECT_EQ(Intercept_Check(uav, BLUE, 150, 50, 0), 1);
-    EXPECT_EQ(UNIT[uav].VISIBLE, -1);
-    EXPECT_EQ(UNIT[uav].SPOTTED, 1);
+    EXPECT_TRUE(Has(UNIT[uav], "VISIBLE -1, SPOTTED 1"));
     RSEED = 10;   // 5, 50
     EXPECT_EQ(Intercept_Check(uav, BLUE, 150, 50, 0), 0);
     RSEED = 0;   // 82, 39: the second roll is made all the same

@@ -1,7 +1,6 @@
 #include "combat/artillery.h"
+#include "support/cases.h"
 #include "support/fires.h"
-
-#include <functional>
 
 using namespace sm;
 using namespace sm::test;
@@ -26,31 +25,17 @@ TEST(ArtilleryAttack, AKnownTankBattalionInTheOpenLosesThreePercentToOneMission)
     EXPECT_FLOAT_EQ(RARTYL, 0.33696f);
     EXPECT_EQ(BARTYL, 0);
     EXPECT_TRUE(Posted("Artillery Attack BDA:  R301 lost 3% destroyed"));
-    EXPECT_EQ(UNIT[duel.FIRER].FIREMISSIONN, 1);
-    EXPECT_EQ(UNIT[duel.FIRER].FATIGUE, 3);
+    EXPECT_TRUE(Has(UNIT[duel.FIRER], "FIREMISSIONN 1, FATIGUE 3"));
     EXPECT_EQ(UNIT[duel.TARGET].RCP2, 10.0f);   // whoever called applies it
 }
 
 TEST(ArtilleryAttack, EveryFactorOfAHardCaseCounts)
 {
     Duel duel;
-    UNIT_RECORD& f = UNIT[duel.FIRER];
-    UNIT_RECORD& t = UNIT[duel.TARGET];
-    f.RCP2 = 10;
-    f.MORALE = 3;
-    f.FATIGUE = 16;
-    f.SUPPRESSED = 3;
-    f.C2 = 1;
-    f.EWSTATUS = 5;
-    f.UCONTROL = 1;
-    t.OBSCURED = 1;
-    t.TERTYPE = 4;
-    t.TACOPN = 1;
-    t.SPOTTED = 1;
-    t.SIZE = 2;
-    t.MOBILITY = 1;
-    t.MOVESTATUS = 2;
-    t.TYPE = 1;
+    Arrange(
+        duel.FIRER, duel.TARGET,
+        "f.RCP2 10, f.MORALE 3, f.FATIGUE 16, f.SUPPRESSED 3, f.C2 1, f.EWSTATUS 5, f.UCONTROL 1, t.OBSCURED 1, "
+        "t.TERTYPE 4, t.TACOPN 1, t.SPOTTED 1, t.SIZE 2, t.MOBILITY 1, t.MOVESTATUS 2, t.TYPE 1");
     FireMult = 4;
     // 10 x 0.3 x 2 = 6; multiplier 4 = 24; smoke 0.3 = 7.2; morale 1.1 = 7.92; tired 0.8 = 6.336; suppressed 0.5
     // = 3.168; urban 0.2 = 0.6336; hasty defence 0.6 = 0.38016; vaguely located 0.7 = 0.266112; company 0.3 =
@@ -61,62 +46,35 @@ TEST(ArtilleryAttack, EveryFactorOfAHardCaseCounts)
     EXPECT_TRUE(duel.BOARD.SCREEN.Heard("status", "Smoke obscures target!"));
 }
 
+// clang-format off
 TEST(ArtilleryAttack, EachRowOfTheTableActsAsPrinted)
 {
-    using Change = std::function<void(UNIT_RECORD & f, UNIT_RECORD & t)>;
-    struct Row {
-        const char* NAME;
-        Change CHANGE;
-        float WANTED, BASE;   // factor of the row, and of the ordinary case that it stands in for
+    // Against offence 0.9, a battalion 0.2, tracks 0.3, armour 0.8, command 3 0.65; all else of the plain case is 1.
+    constexpr FACTOR_CASE CASES[] = {
+        {"f.MORALE 0", 0.5f}, {"f.MORALE 1", 0.8f}, {"f.MORALE 4", 1.2f},
+        {"f.FATIGUE 1", 1.1f}, {"f.FATIGUE 15", 1}, {"f.FATIGUE 22", 0.5f},
+        {"f.SUPPRESSED 1", 0.9f}, {"f.SUPPRESSED 2", 0.8f}, {"f.SUPPRESSED 4", 0.3f}, {"f.SUPPRESSED 5", 0.5f},
+        {"t.TERTYPE 1", 0.6f}, {"t.TERTYPE 2", 0.4f}, {"t.TERTYPE 5", 1.2f}, {"t.TERTYPE 10", 1},
+        {"t.TERTYPE 18", 1.5f}, {"t.TERTYPE 27", 0.2f},
+        {"t.TACOPN 3", 0.1f / 0.9f}, {"t.TACOPN 4", 1.1f / 0.9f}, {"t.TACOPN 11", 1 / 0.9f},
+        {"t.TACOPN 12", 0.2f / 0.9f},
+        {"t.SPOTTED 0", 0.1f}, {"t.SPOTTED 3", 1},
+        {"t.SIZE 4", 0.1f / 0.2f}, {"t.SIZE 5", 0.05f / 0.2f}, {"t.SIZE 100", 0.05f / 0.2f},
+        {"t.MOBILITY 0", 1.1f / 0.3f}, {"t.MOBILITY 3", 1.5f / 0.3f}, {"t.MOBILITY 3, t.MOVESTATUS 8", 0.9f / 0.3f},
+        {"t.TYPE 10", 1.2f / 0.8f}, {"t.TYPE 18", 1 / 0.8f},
+        {"t.TYPE 13", 1 / 0.8f},   // a battalion's depot is no target
+        {"t.TYPE 13, t.SIZE 4", 0.2f * 0.1f / (0.8f * 0.2f)}, {"t.TYPE 13, t.SIZE 5", 0.1f * 0.05f / (0.8f * 0.2f)},
+        {"f.C2 0", 0.5f / 0.65f}, {"f.EWSTATUS 10", 0.66f},
+        {"f.UCONTROL 1, t.TACOPN 2", 0.6f / 0.9f},   // control does not reach a breach
     };
-    const Row rows[] = {
-        {"broken", [](auto& f, auto&) { f.MORALE = 0; }, 0.5f, 1},
-        {"poor", [](auto& f, auto&) { f.MORALE = 1; }, 0.8f, 1},
-        {"very high", [](auto& f, auto&) { f.MORALE = 4; }, 1.2f, 1},
-        {"rested", [](auto& f, auto&) { f.FATIGUE = 1; }, 1.1f, 1},
-        {"last hour that is fine", [](auto& f, auto&) { f.FATIGUE = 15; }, 1, 1},
-        {"exhausted", [](auto& f, auto&) { f.FATIGUE = 22; }, 0.5f, 1},
-        {"light", [](auto& f, auto&) { f.SUPPRESSED = 1; }, 0.9f, 1},
-        {"medium", [](auto& f, auto&) { f.SUPPRESSED = 2; }, 0.8f, 1},
-        {"very high suppression", [](auto& f, auto&) { f.SUPPRESSED = 4; }, 0.3f, 1},
-        {"beyond the scale", [](auto& f, auto&) { f.SUPPRESSED = 5; }, 0.5f, 1},
-        {"restricted", [](auto&, auto& t) { t.TERTYPE = 1; }, 0.6f, 1},
-        {"severe", [](auto&, auto& t) { t.TERTYPE = 2; }, 0.4f, 1},
-        {"river", [](auto&, auto& t) { t.TERTYPE = 5; }, 1.2f, 1},
-        {"obstacle", [](auto&, auto& t) { t.TERTYPE = 18; }, 1.5f, 1},
-        {"fortification", [](auto&, auto& t) { t.TERTYPE = 27; }, 0.2f, 1},
-        {"sea", [](auto&, auto& t) { t.TERTYPE = 10; }, 1, 1},
-        {"security", [](auto&, auto& t) { t.TACOPN = 3; }, 0.1f, 0.9f},
-        {"withdrawal", [](auto&, auto& t) { t.TACOPN = 4; }, 1.1f, 0.9f},
-        {"deliberate defence", [](auto&, auto& t) { t.TACOPN = 11; }, 1, 0.9f},
-        {"the code nobody has", [](auto&, auto& t) { t.TACOPN = 12; }, 0.2f, 0.9f},
-        {"unlocated", [](auto&, auto& t) { t.SPOTTED = 0; }, 0.1f, 1},
-        {"seen thrice", [](auto&, auto& t) { t.SPOTTED = 3; }, 1, 1},
-        {"brigade", [](auto&, auto& t) { t.SIZE = 4; }, 0.1f, 0.2f},
-        {"division", [](auto&, auto& t) { t.SIZE = 5; }, 0.05f, 0.2f},
-        {"convoy", [](auto&, auto& t) { t.SIZE = 100; }, 0.05f, 0.2f},
-        {"on foot", [](auto&, auto& t) { t.MOBILITY = 0; }, 1.1f, 0.3f},
-        {"aircraft on the ground", [](auto&, auto& t) { t.MOBILITY = 3; }, 1.5f, 0.3f},
-        {"hovering", [](auto&, auto& t) { t.MOBILITY = 3, t.MOVESTATUS = 8; }, 0.9f, 0.3f},
-        {"guns", [](auto&, auto& t) { t.TYPE = 10; }, 1.2f, 0.8f},
-        {"headquarters", [](auto&, auto& t) { t.TYPE = 18; }, 1, 0.8f},
-        {"depot of a brigade", [](auto&, auto& t) { t.TYPE = 13, t.SIZE = 4; }, 0.2f * 0.1f, 0.8f * 0.2f},
-        {"depot of a division", [](auto&, auto& t) { t.TYPE = 13, t.SIZE = 5; }, 0.1f * 0.05f, 0.8f * 0.2f},
-        {"depot of a battalion", [](auto&, auto& t) { t.TYPE = 13; }, 1, 0.8f},
-        {"out of touch", [](auto& f, auto&) { f.C2 = 0; }, 0.5f, 0.65f},
-        {"jammed", [](auto& f, auto&) { f.EWSTATUS = 10; }, 0.66f, 1},
-        {"controlled, target in a breach", [](auto& f, auto& t) { f.UCONTROL = 1, t.TACOPN = 2; }, 0.6f, 0.9f},
-    };
-    for (const Row& row : rows) {
+    Expect_Factors(CASES, [](const char* arranged) {
         Duel duel;
         UNIT[duel.TARGET].RCP2 = 1000;   // far from every ceiling
-        const float ordinary = Artillery_Attack(duel.FIRER, duel.TARGET, 4);
-        UNIT[duel.FIRER].FATIGUE = 2;
-        row.CHANGE(UNIT[duel.FIRER], UNIT[duel.TARGET]);
-        const float changed = Artillery_Attack(duel.FIRER, duel.TARGET, 4);
-        EXPECT_NEAR(changed / ordinary, row.WANTED / row.BASE, 1e-5) << row.NAME;
-    }
+        Arrange(duel.FIRER, duel.TARGET, arranged);
+        return Artillery_Attack(duel.FIRER, duel.TARGET, 4);
+    });
 }
+// clang-format on
 
 TEST(ArtilleryAttack, OnlyConvoysAndLoneSystemsLoseMoreThanAFifth)
 {
@@ -132,15 +90,10 @@ TEST(ArtilleryAttack, OnlyConvoysAndLoneSystemsLoseMoreThanAFifth)
     EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 0.01f);   // a hit costs something
     UNIT[duel.TARGET].TYPE = 26;
     EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 10.0f);   // a UAV is lost whole
-}
-
-TEST(ArtilleryAttack, NothingIsSaidOfATargetInTheAir)
-{
-    Duel duel;
-    UNIT[duel.TARGET].MOBILITY = 3;
-    UNIT[duel.TARGET].MOVESTATUS = 9;
-    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 4), 0.01f);
-    EXPECT_FALSE(Posted("BDA"));
+    Duel air;
+    Give(UNIT[air.TARGET], "MOBILITY 3, MOVESTATUS 9");
+    EXPECT_FLOAT_EQ(Artillery_Attack(air.FIRER, air.TARGET, 4), 0.01f);
+    EXPECT_FALSE(Posted("BDA"));   // nothing is said of a target in the air
 }
 
 TEST(ArtilleryAttack, AnActiveTAIDoublesTheEffectAndAFreshOneDoesNot)
@@ -155,8 +108,7 @@ TEST(ArtilleryAttack, AnActiveTAIDoublesTheEffectAndAFreshOneDoesNot)
     P[tai].PY1 = 90;
     EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside);
     UNIT[duel.FIRER].FATIGUE = 2;
-    P[tai].PY1 = 60;
-    P[tai].PAGE = 1;
+    Give(P[tai], "PY1 60, PAGE 1");
     EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside);
 }
 
@@ -220,8 +172,7 @@ TEST(FireArty, EveryEnemyUnderTheAimPointIsShelled)
     int shelled = 0;
     for (const auto& text : told) shelled += text.find("BDA:  ") != std::string::npos ? 1 : 0;
     EXPECT_EQ(shelled, 2);
-    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 2);
-    EXPECT_EQ(UNIT[battery].FACING, 90);
+    EXPECT_TRUE(Has(UNIT[battery], "FIREMISSIONN 2, FACING 90"));
     EXPECT_GT(RARTYL, 0);
     EXPECT_NEAR(20 - UNIT[301].RCP2 - UNIT[under].RCP2, RARTYL, 1e-5f);
     EXPECT_FLOAT_EQ(UNIT[battery].RSF2, 2.85f);   // two fires at 0.05, halved, of 3
@@ -235,8 +186,7 @@ TEST(FireArty, AnEmptyPlaceIsReportedAsSuch)
     const int slot = Place_Mission(BLUE, 1, 150, 50, battery);
     Fire_Arty(slot);
     EXPECT_TRUE(Posted("Artillery hits target!\rBDA: No casualties!"));
-    EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
-    EXPECT_EQ(SITREPLIST[1].UNIT, 0);
+    EXPECT_TRUE(Has(SITREPLIST[1], "SIDE BOTH, UNIT 0"));
     EXPECT_FLOAT_EQ(UNIT[battery].RSF2, 2.925f);   // 0.05, halved, of 3
 }
 
@@ -256,37 +206,25 @@ TEST(FireArty, ABatteryThatCannotFireIsNotEvenChecked)
 
 TEST(MissileDefence, AHitStopsTheMissileAndTheBatteryCanStillBeLocated)
 {
-    Board board(40, 40);
-    const int battery = Place_Battery(board, RED, 50, 50, 0, 10);
-    const int guard = board.Place(BLUE, 200, 50, 3);
-    UNIT[guard].MXRANGE = 10;   // 0.75 x (100 + 40 / 2) = 90 pixels
-    const int under = board.Place(BLUE, 290, 50);
-    const int slot = Place_Mission(RED, 1, 290, 50, battery);
-    Roll_Next(59);   // 59 / 10 is 5: a hit
-    const int before = RSEED;
-    Fire_Arty(slot);
-    EXPECT_TRUE(board.SCREEN.Heard("status", "ADA WARNING: Theater ballistic missile is inbound!"));
-    EXPECT_TRUE(board.SCREEN.Heard("status", "ADA destroys theater ballistic missile!"));
-    EXPECT_EQ(UNIT[battery].FIREMISSIONN, 0);
-    EXPECT_EQ(BARTYL, 0);
-    EXPECT_EQ(Rolls_Since(before), 2);   // missile defence, counterfire
-    EXPECT_EQ(UNIT[under].RCP2, 10.0f);
-}
-
-TEST(MissileDefence, AMissOrAGuardOutOfReachLetsItThrough)
-{
-    Board board(40, 40);
-    const int battery = Place_Battery(board, RED, 50, 50, 0, 10);
-    const int guard = board.Place(BLUE, 200, 50, 3);
-    UNIT[guard].MXRANGE = 10;
-    board.Place(BLUE, 290, 50);
-    Roll_Next(60);
-    Fire_Arty(Place_Mission(RED, 1, 290, 50, battery));
-    EXPECT_TRUE(board.SCREEN.Heard("status", "ADA misses theater ballistic missile!"));
-    EXPECT_GT(BARTYL, 0);
-    board.SCREEN.TOLD.clear();
-    Fire_Arty(Place_Mission(RED, 1, 291, 50, battery));
-    EXPECT_FALSE(board.SCREEN.Heard("status", "ADA engages"));
+    // 59 / 10 is 5, a hit; 0.75 x (100 + 40 / 2) = 90 pixels are the reach of the guard at 200
+    for (const auto& [roll, x, engages, hits] :
+         CASES<int, int, bool, bool>{{59, 290, true, true}, {60, 290, true, false}, {59, 291, false, false}}) {
+        Board board(40, 40);
+        const int battery = Place_Battery(board, RED, 50, 50, 0, 10);
+        UNIT[board.Place(BLUE, 200, 50, 3)].MXRANGE = 10;
+        const int under = board.Place(BLUE, 290, 50);
+        Roll_Next(roll);
+        const int before = RSEED;
+        Fire_Arty(Place_Mission(RED, 1, x, 50, battery));
+        EXPECT_TRUE(board.SCREEN.Heard("status", "ADA WARNING: Theater ballistic missile is inbound!"));
+        EXPECT_EQ(board.SCREEN.Count("status", "ADA engages"), engages ? 1 : 0);
+        EXPECT_EQ(board.SCREEN.Heard("status", "ADA destroys theater ballistic missile!"), hits);
+        EXPECT_EQ(board.SCREEN.Heard("status", "ADA misses theater ballistic missile!"), engages && !hits);
+        EXPECT_EQ(UNIT[battery].FIREMISSIONN, hits ? 0 : 1);
+        EXPECT_EQ(BARTYL > 0, !hits);
+        EXPECT_EQ(Rolls_Since(before), engages && !hits ? 3 : 2);   // the defence, the shells, counterfire
+        EXPECT_EQ(UNIT[under].RCP2 < 10.0f, !hits);
+    }
 }
 
 TEST(SEAD, AMarkerCallsOnKnownAirDefenceWithinFortyPixels)
@@ -365,12 +303,7 @@ TEST(Counterfire, ChainsEndByTheMissionsOfTheTurnAndLeaveTheMultiplierAsItWas)
 TEST(Counterfire, WhoWatchesDecidesWhetherTheBatteryIsLocated)
 {
     enum Watch { NOBODY, ZONE, ZONE_TOO_FAR, FRIENDS_AT_AIM_POINT, TARGET_ITSELF, COMPUTER };
-    struct Case {
-        Watch WATCH;
-        int MODE, ROLL;
-        bool LOCATED;
-    };
-    const Case cases[] = {
+    const CASES<Watch, int, int, bool> cases = {
         {NOBODY, 2, 1, false},
         {ZONE, 2, 50, true},
         {ZONE, 2, 51, false},
@@ -383,24 +316,23 @@ TEST(Counterfire, WhoWatchesDecidesWhetherTheBatteryIsLocated)
         {COMPUTER, 1, 50, true},
         {COMPUTER, 2, 51, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& [watch, mode, roll, located] : cases) {
         Board board(60, 40);
         const int battery = Place_Battery(board, BLUE, 50, 50);
         const int target = board.Place(RED, 150, 50), friends = board.Place(RED, 190, 50);
         const int slot = Place_Mission(BLUE, 1, 150, 50, battery);
         RFIREF = 50;
-        if (c.WATCH == ZONE) Place_Area(RED, 18, 90, 50);   // (40 + 40) / 2 = 40
-        if (c.WATCH == ZONE_TOO_FAR) Place_Area(RED, 18, 91, 50);
-        if (c.WATCH == FRIENDS_AT_AIM_POINT) UNIT[friends].CFZ = 1;
-        if (c.WATCH == TARGET_ITSELF) UNIT[target].CFZ = 1;
-        if (c.WATCH == COMPUTER) PlayType = 3;
-        Roll_Next(c.ROLL);
-        Counterfire_Check(battery, c.MODE == 2 ? slot : target, c.MODE);
-        EXPECT_EQ(Posted("INTREP: Enemy artillery has been located!"), c.LOCATED) << c.WATCH << ' ' << c.ROLL;
-        EXPECT_EQ(UNIT[battery].SPOTTED, c.LOCATED ? 1 : 0);
-        if (c.LOCATED) {
-            EXPECT_EQ(SITREPLIST[1].SIDE, RED);
-            EXPECT_EQ(SITREPLIST[1].UNIT, 0);
+        if (watch == ZONE) Place_Area(RED, 18, 90, 50);   // (40 + 40) / 2 = 40
+        if (watch == ZONE_TOO_FAR) Place_Area(RED, 18, 91, 50);
+        if (watch == FRIENDS_AT_AIM_POINT) UNIT[friends].CFZ = 1;
+        if (watch == TARGET_ITSELF) UNIT[target].CFZ = 1;
+        if (watch == COMPUTER) PlayType = 3;
+        Roll_Next(roll);
+        Counterfire_Check(battery, mode == 2 ? slot : target, mode);
+        EXPECT_EQ(Posted("INTREP: Enemy artillery has been located!"), located) << watch << ' ' << roll;
+        EXPECT_EQ(UNIT[battery].SPOTTED, located ? 1 : 0);
+        if (located) {
+            EXPECT_TRUE(Has(SITREPLIST[1], "SIDE RED, UNIT 0"));
         }
     }
 }
@@ -413,8 +345,7 @@ TEST(Counterfire, MissileBatteriesAreNotAnswered)
     UNIT[battery].SPOTTED = 1;
     Counterfire(battery);
     EXPECT_EQ(UNIT[guns].FIREMISSIONN, 0);
-    UNIT[battery].TYPE = 9;
-    UNIT[battery].SPOTTED = 0;
+    Give(UNIT[battery], "TYPE 9, SPOTTED 0");
     Counterfire(battery);
     EXPECT_EQ(UNIT[guns].FIREMISSIONN, 0);
     UNIT[battery].SPOTTED = 1;

@@ -3,6 +3,7 @@
 #include "core/near_units.h"
 #include "core/state_hash.h"
 #include "support/board.h"
+#include "support/cases.h"
 #include "support/dice.h"
 #include "support/log_lines.h"
 
@@ -31,6 +32,8 @@ struct Meeting {
     bool Blue_Fired() const { return RMANL > 0; }
     bool Red_Fired() const { return BMANL > 0; }
     bool Supplies_Charged() { return Blue().RSF2 < 3; }
+    /// "f." is Blue, "t." Red.
+    void Set(const char* arranged) { Arrange(B, R, arranged); }
 };
 
 /// Whether two battalions that stand on a row of ground come to blows. 'b' and 'r' are the units on low, 'B' and
@@ -117,41 +120,19 @@ TEST(Contact, AThirdOfBothFootprintsIsContactAndAPixelMoreIsNot)
     }
 }
 
-TEST(Contact, WhoCannotBeMetIsPassedBy)
+TEST(Contact, WhoCannotBeMetIsPassedByAndWhoCannotLookMeetsNobody)
 {
-    const auto meets = [](void (*set)(UNIT_RECORD & e)) {
+    const auto meets = [](const char* arranged) {
         Meeting m;
-        set(m.Red());
+        m.Set(arranged);
         Engage_Unit(m.B, FIRE);
         return m.Red().SPOTTED > 0;
     };
-    EXPECT_TRUE(meets([](UNIT_RECORD&) {}));
-    EXPECT_TRUE(meets([](UNIT_RECORD& e) { e.MOVESTATUS = 7; }));
-    EXPECT_FALSE(meets([](UNIT_RECORD& e) { e.TYPE = 50; }));
-    EXPECT_FALSE(meets([](UNIT_RECORD& e) { e.SIDE = BLUE; }));
-    EXPECT_FALSE(meets([](UNIT_RECORD& e) { e.PARENT_UNIT = 302; }));
-    EXPECT_FALSE(meets([](UNIT_RECORD& e) { e.MOVESTATUS = 8; }));
-    EXPECT_FALSE(meets([](UNIT_RECORD& e) { e.TACOPN = 3; }));
-}
-
-TEST(Contact, WhoCannotLookMeetsNobody)
-{
-    const auto looks = [](void (*set)(UNIT_RECORD & a)) {
-        Meeting m;
-        set(m.Blue());
-        Engage_Unit(m.B, FIRE);
-        return m.Red().SPOTTED > 0;
-    };
-    for (const int operation : {0, 1, 2, 4, 11}) {
-        Meeting m;
-        m.Blue().TACOPN = operation;
-        Engage_Unit(m.B, FIRE);
-        EXPECT_GT(m.Red().SPOTTED, 0) << operation;
-    }
-    EXPECT_FALSE(looks([](UNIT_RECORD& a) { a.TACOPN = -1; }));
-    EXPECT_FALSE(looks([](UNIT_RECORD& a) { a.TACOPN = 12; }));
-    EXPECT_FALSE(looks([](UNIT_RECORD& a) { a.STATUS = 1; }));
-    EXPECT_FALSE(looks([](UNIT_RECORD& a) { a.TYPE = 50; }));
+    for (const char* arranged : {"", "t.MOVESTATUS 7", "f.TACOPN 1", "f.TACOPN 2", "f.TACOPN 4", "f.TACOPN 11"})
+        EXPECT_TRUE(meets(arranged)) << arranged;
+    for (const char* arranged : {"t.TYPE 50", "t.SIDE 1", "t.PARENT_UNIT 302", "t.MOVESTATUS 8", "t.TACOPN 3",
+                                 "f.TACOPN -1", "f.TACOPN 12", "f.STATUS 1", "f.TYPE 50"})
+        EXPECT_FALSE(meets(arranged)) << arranged;
 }
 
 TEST(Contact, OnlyTheWayBackFromTheEnemyIsScreenedByHighGround)
@@ -168,11 +149,7 @@ TEST(Contact, OnlyTheWayBackFromTheEnemyIsScreenedByHighGround)
 
 TEST(Contact, TheClassesOfBothSayWhoIsSeenWhoHaltsAndWhoFires)
 {
-    struct CASE {
-        int BLUE_TYPE, RED_TYPE;
-        bool BLUE_SEEN, RED_SEEN, BLUE_HALTS, BLUE_FIRES, RED_FIRES;   // on a look only
-    };
-    const CASE cases[] = {
+    const CASES<int, int, bool, bool, bool, bool, bool> cases = {
         {5, 20, true, true, true, false, false},    // FIERCE: the fire waits for the phase
         {24, 8, false, true, false, true, true},    // SKIRMISH of manoeuvre with support
         {8, 5, false, false, true, true, true},     // and of support with manoeuvre
@@ -180,23 +157,22 @@ TEST(Contact, TheClassesOfBothSayWhoIsSeenWhoHaltsAndWhoFires)
         {51, 5, true, true, true, false, false},    // roles beyond the list are manoeuvre
         {23, 5, false, false, true, true, false},   // leaflets are not answered
     };
-    for (const CASE& c : cases) {
+    for (const auto& [blue_type, red_type, blue_seen, red_seen, blue_halts, blue_fires, red_fires] : cases) {
         Meeting m;
-        m.Blue().TYPE = c.BLUE_TYPE;
-        m.Red().TYPE = c.RED_TYPE;
+        m.Blue().TYPE = blue_type;
+        m.Red().TYPE = red_type;
         m.Red().MOVEPOINTS = 0;   // it stays where it can be looked at
         m.Blue().MOVESTATUS = 2;
         Engage_Unit(m.B, LOOK);
-        const bool blue_seen = m.Blue().VISIBLE == -1 && m.Blue().SPOTTED == 1;
-        EXPECT_EQ(blue_seen, c.BLUE_SEEN) << c.BLUE_TYPE << " meets " << c.RED_TYPE;
-        EXPECT_EQ(m.Blue().ACTIVITY > 0, c.BLUE_SEEN || c.BLUE_FIRES) << c.BLUE_TYPE;
-        EXPECT_EQ(m.Red().VISIBLE == -1 && m.Red().SPOTTED == 1, c.RED_SEEN)
-            << c.BLUE_TYPE << " meets " << c.RED_TYPE;
-        EXPECT_EQ(m.Blue().MOVESTATUS, c.BLUE_HALTS ? 1 : 2) << c.BLUE_TYPE << " meets " << c.RED_TYPE;
-        EXPECT_EQ(m.Blue_Fired(), c.BLUE_FIRES) << c.BLUE_TYPE << " meets " << c.RED_TYPE;
-        EXPECT_EQ(m.Red_Fired(), c.RED_FIRES) << c.BLUE_TYPE << " meets " << c.RED_TYPE;
+        SCOPED_TRACE(Cat(To_Text(blue_type), " meets ", To_Text(red_type)));
+        EXPECT_EQ(m.Blue().VISIBLE == -1 && m.Blue().SPOTTED == 1, blue_seen);
+        EXPECT_EQ(m.Blue().ACTIVITY > 0, blue_seen || blue_fires);
+        EXPECT_EQ(m.Red().VISIBLE == -1 && m.Red().SPOTTED == 1, red_seen);
+        EXPECT_EQ(m.Blue().MOVESTATUS, blue_halts ? 1 : 2);
+        EXPECT_EQ(m.Blue_Fired(), blue_fires);
+        EXPECT_EQ(m.Red_Fired(), red_fires);
         EXPECT_EQ(Posted("R301: We are retreating!"),
-                  c.RED_FIRES && c.RED_TYPE == 8);   // support leaves a skirmish
+                  red_fires && red_type == 8);   // support leaves a skirmish
     }
 }
 
@@ -227,12 +203,11 @@ TEST(Contact, ASkirmishOpensFireForTheRestOfTheLook)
 
 TEST(Contact, ABreachIsNotHaltedAndAnAttackIs)
 {
-    for (const int operation : {0, 2}) {
+    for (const bool breach : {false, true}) {
         Meeting m;
-        m.Blue().MOVESTATUS = 2;
-        m.Blue().TACOPN = operation;
+        m.Set(breach ? "f.MOVESTATUS 2, f.TACOPN 2" : "f.MOVESTATUS 2");
         Engage_Unit(m.B, LOOK);
-        EXPECT_EQ(m.Blue().MOVESTATUS, operation == 2 ? 2 : 1);
+        EXPECT_EQ(m.Blue().MOVESTATUS, breach ? 2 : 1);
     }
 }
 
@@ -250,8 +225,7 @@ TEST(Contact, PassiveRolesDoNotFireInTheirOwnTurnButAnswer)
         EXPECT_TRUE(m.Blue_Fired() && m.Red_Fired()) << type;
     }
     Meeting withdrawing;
-    withdrawing.Blue().TYPE = 2;
-    withdrawing.Blue().TACOPN = 4;
+    withdrawing.Set("f.TYPE 2, f.TACOPN 4");
     Engage_Unit(withdrawing.B, FIRE);
     EXPECT_FALSE(withdrawing.Blue_Fired());
     EXPECT_TRUE(withdrawing.Red_Fired());
@@ -260,109 +234,89 @@ TEST(Contact, PassiveRolesDoNotFireInTheirOwnTurnButAnswer)
 TEST(Contact, AUnitOnHoldStartsNothingAndIsDrawnIntoASkirmish)
 {
     Meeting m;
-    m.Blue().ROE = 1;
-    m.Red().TYPE = 13;
-    m.Red().MOVEPOINTS = 0;
+    m.Set("f.ROE 1, t.TYPE 13, t.MOVEPOINTS 0");
     Ground_Combat_Phase();   // only Red looks
     EXPECT_TRUE(m.Blue_Fired() && m.Red_Fired());
     EXPECT_FALSE(m.Supplies_Charged());
 
     Meeting tanks;
-    tanks.Blue().ROE = 1;
-    tanks.Red().ROE = 1;
+    tanks.Set("f.ROE 1, t.ROE 1");
     Ground_Combat_Phase();
     EXPECT_FALSE(tanks.Blue_Fired() || tanks.Red_Fired());
 }
 
 TEST(Contact, ControlledSupportStopsSixKilometresBeforeAKnownEnemy)
 {
-    const auto stopped = [](int pixels, int type, void (*set)(Meeting & m) = nullptr) {
+    const auto stopped = [](int pixels, int type, const char* arranged = "") {
         Meeting m(pixels);
+        m.Set("f.UCONTROL 1, t.VISIBLE -1");
         m.Blue().TYPE = type;
-        m.Blue().UCONTROL = 1;
-        m.Red().VISIBLE = -1;
-        if (set != nullptr) set(m);
+        m.Set(arranged);
         Engage_Unit(m.B, LOOK);
         return m.Blue().MOVEPOINTS2 == 0;
     };
     EXPECT_TRUE(stopped(87, 8));   // 27 + 6 x 10
     EXPECT_FALSE(stopped(88, 8));
-    for (const int type : {1, 2, 3, 7, 9, 10, 13, 14, 15, 16, 18, 21, 22, 23})
-        EXPECT_TRUE(stopped(60, type)) << type;
-    for (const int type : {0, 4, 5, 6, 11, 12, 17, 19, 20, 24, 25, 26}) EXPECT_FALSE(stopped(60, type)) << type;
-    EXPECT_FALSE(stopped(60, 8, [](Meeting& m) { m.Red().VISIBLE = 1; }));
-    EXPECT_FALSE(stopped(60, 8, [](Meeting& m) { m.Blue().UCONTROL = 0; }));
+    const std::string_view roles = "-SSS---SSSS--SSSS-S--SSS---";   // S stops, from user-defined (0) to UAV (26)
+    for (int type = 0; type <= 26; ++type)
+        EXPECT_EQ(stopped(60, type), roles[static_cast<std::size_t>(type)] == 'S') << type;
+    EXPECT_FALSE(stopped(60, 8, "t.VISIBLE 1"));
+    EXPECT_FALSE(stopped(60, 8, "f.UCONTROL 0"));
 }
 
 TEST(SmallUnits, AreSeenAtNinetyFiveToAHundredAfterAMoverHasDoubledItsRoll)
 {
-    const auto seen = [](int roll, int movestatus) {
+    // The dice show no 94, 96, 97, 98, nor 46 to 49; 51 doubled is 102.
+    const CASES<int, int, bool> cases = {{93, 0, false}, {95, 0, true},  {100, 0, true}, {45, 2, false},
+                                         {50, 2, true},  {51, 2, false}, {50, 1, false}};
+    for (const auto& [roll, movestatus, seen] : cases) {
         Meeting m(10);
         m.Blue().SIZE = 0;
         m.Blue().MOVESTATUS = movestatus;
         Roll_Next(roll);
         Engage_Unit(m.B, LOOK);
         EXPECT_EQ(DiceSite, SITE_SMALL_UNIT);
+        EXPECT_EQ(m.Red_Fired(), seen) << roll;
         EXPECT_FALSE(m.Blue_Fired());
-        EXPECT_EQ(m.Red_Fired(), m.Blue().VISIBLE == -1);
+        EXPECT_EQ(m.Blue().VISIBLE == -1, seen) << roll;
         EXPECT_EQ(m.Red().VISIBLE, m.Blue().VISIBLE);
-        return m.Red_Fired();
-    };
-    EXPECT_FALSE(seen(93, 0));   // the dice show no 94, 96, 97, 98
-    EXPECT_TRUE(seen(95, 0));
-    EXPECT_TRUE(seen(100, 0));
-    EXPECT_FALSE(seen(45, 2));   // nor 46 to 49
-    EXPECT_TRUE(seen(50, 2));
-    EXPECT_FALSE(seen(51, 2));   // 102
-    EXPECT_FALSE(seen(50, 1));
+    }
 }
 
 TEST(Prisoners, AreTakenOnTheGroundFromThoseWhoCannotFight)
 {
-    const auto taken = [](void (*set)(Meeting & m)) {
+    const auto taken = [](const char* arranged) {
         Meeting m;
-        set(m);
+        m.Set(arranged);
         Engage_Unit(m.B, LOOK);
         EXPECT_FALSE(m.Blue_Fired() || m.Red_Fired());
         return REPW > 0;
     };
-    EXPECT_TRUE(taken([](Meeting& m) { m.Red().STATUS = 1; }));
-    EXPECT_TRUE(taken([](Meeting& m) { m.Red().LOGSTATN = 0; }));
-    EXPECT_FALSE(taken([](Meeting& m) { m.Red().STATUS = 1, m.Blue().MOBILITY = 3; }));
-    Meeting screen;   // a screen takes them too
-    screen.Blue().TACOPN = 3;
-    screen.Red().STATUS = 1;
-    Engage_Unit(screen.B, LOOK);
-    EXPECT_GT(REPW, 0);
+    EXPECT_TRUE(taken("t.STATUS 1"));
+    EXPECT_TRUE(taken("t.LOGSTATN 0"));
+    EXPECT_FALSE(taken("t.STATUS 1, f.MOBILITY 3"));
+    EXPECT_TRUE(taken("t.STATUS 1, f.TACOPN 3"));   // a screen takes them too
 }
 
 TEST(Screens, TouchAtFourTenthsOfTheRoundedSumThroughHills)
 {
-    const auto touches = [](int pixels) {
+    for (const int pixels : {52, 53}) {
         Board board({"..........", "....^.....", ".........."});
         const int a = board.Place(BLUE, 25, 15), e = board.Place(RED, 25 + pixels, 15);
-        UNIT[a].TACOPN = 3;
-        UNIT[a].LX = UNIT[a].RX = 25;
-        UNIT[a].LY = UNIT[a].RY = 15;
-        UNIT[a].FOOTPRINT = 60.3f;
-        UNIT[e].FOOTPRINT = 70.4f;   // 130.7, rounded 131, x 0.4 = 52.4
+        // 130.7, rounded 131, x 0.4 = 52.4
+        Arrange(a, e, "f.TACOPN 3, f.LX 25, f.RX 25, f.LY 15, f.RY 15, f.FOOTPRINT 60.3, t.FOOTPRINT 70.4");
         Engage_Unit(a, LOOK);
-        return UNIT[a].VISIBLE == -1 && UNIT[e].VISIBLE == -1;
-    };
-    EXPECT_TRUE(touches(52));
-    EXPECT_FALSE(touches(53));
+        EXPECT_EQ(UNIT[a].VISIBLE == -1, pixels == 52);
+        EXPECT_EQ(UNIT[e].VISIBLE == -1, pixels == 52);
+    }
 }
 
 TEST(Screens, AScreenThatOnlyLooksHaltsBothAndFiresAtNobody)
 {
     Meeting m;
-    m.Blue().TACOPN = 3;
-    m.Blue().MOVESTATUS = m.Red().MOVESTATUS = 2;
+    m.Set("f.TACOPN 3, f.MOVESTATUS 2, t.MOVESTATUS 2");
     const int breaching = m.BOARD.Place(RED, 205, 225), flyer = m.BOARD.Place(RED, 205, 185, 11);
-    UNIT[breaching].MOVESTATUS = 2;
-    UNIT[breaching].TACOPN = 2;
-    UNIT[flyer].MOVESTATUS = 9;
-    UNIT[flyer].MOBILITY = 3;
+    Arrange(breaching, flyer, "f.MOVESTATUS 2, f.TACOPN 2, t.MOVESTATUS 9, t.MOBILITY 3");
     Engage_Unit(m.B, LOOK);
     EXPECT_EQ(m.Blue().MOVESTATUS, 1);
     EXPECT_EQ(m.Red().MOVESTATUS, 1);
@@ -377,32 +331,23 @@ TEST(Screens, AScreenThatOnlyLooksHaltsBothAndFiresAtNobody)
 
 TEST(Screens, SmallTargetsAreSeenFromNinetyAndConvoysShotUp)
 {
-    const auto shoots = [](int roll, int movestatus, int target_posture = 0) {
+    const CASES<int, const char*, bool> cases = {{89, "f.MOVESTATUS 0", false}, {90, "f.MOVESTATUS 0", true},
+                                                 {45, "f.MOVESTATUS 2", true},  {44, "f.MOVESTATUS 2", false},
+                                                 {51, "f.MOVESTATUS 2", false}, {95, "t.MOVESTATUS 8", false}};
+    for (const auto& [roll, arranged, shoots] : cases) {
         Meeting m;
-        m.Blue().TACOPN = 3;
-        m.Blue().MOVESTATUS = movestatus;
-        m.Red().SIZE = 0;
-        m.Red().MOVESTATUS = target_posture;
+        m.Set("f.TACOPN 3, t.SIZE 0");
+        m.Set(arranged);
         Roll_Next(roll);
         Engage_Unit(m.B, LOOK);
         EXPECT_EQ(DiceSite, SITE_SCREEN_SMALL_TARGET);
-        EXPECT_EQ(m.Red().VISIBLE == -1, m.Blue_Fired() || target_posture >= 8);
-        EXPECT_EQ(m.Supplies_Charged(), m.Blue_Fired());
+        EXPECT_EQ(m.Blue_Fired(), shoots) << roll;
+        EXPECT_EQ(m.Red().VISIBLE == -1, shoots || roll == 95);   // a flying squad is only seen
+        EXPECT_EQ(m.Supplies_Charged(), shoots);
         EXPECT_FALSE(m.Red_Fired());
-        return m.Blue_Fired();
-    };
-    EXPECT_FALSE(shoots(89, 0));
-    EXPECT_TRUE(shoots(90, 0));
-    EXPECT_TRUE(shoots(45, 2));
-    EXPECT_FALSE(shoots(44, 2));
-    EXPECT_FALSE(shoots(51, 2));
-    EXPECT_FALSE(shoots(95, 0, 8));   // a flying squad is only seen
-
+    }
     Meeting convoy;
-    convoy.Blue().TACOPN = 3;
-    convoy.Blue().MOVESTATUS = 1;
-    convoy.Red().SIZE = 100;
-    convoy.Red().TYPE = 13;
+    convoy.Set("f.TACOPN 3, f.MOVESTATUS 1, t.SIZE 100, t.TYPE 13");
     Engage_Unit(convoy.B, LOOK);
     EXPECT_GT(convoy.Red().TURNLOSS, 0);
     EXPECT_LT(convoy.Red().RCP2, 10.0f);
@@ -410,8 +355,7 @@ TEST(Screens, SmallTargetsAreSeenFromNinetyAndConvoysShotUp)
     EXPECT_FALSE(convoy.Supplies_Charged());
 
     Meeting as_convoy;   // and a convoy that screens is shot up itself
-    as_convoy.Blue().TACOPN = 3;
-    as_convoy.Blue().SIZE = 100;
+    as_convoy.Set("f.TACOPN 3, f.SIZE 100");
     Engage_Unit(as_convoy.B, LOOK);
     EXPECT_TRUE(as_convoy.Red_Fired());
     EXPECT_LT(as_convoy.Blue().RCP2, 10.0f);
@@ -452,50 +396,47 @@ TEST(Screens, AScreenHoldsWhereItsGunsDestroyedWhoTouchedIt)
 
 TEST(Screens, FindWorksOfTheEnemyUnderAnyOfTheirPoints)
 {
-    const auto found = [](int pixels, int type, int side = RED) {
+    const CASES<int, int, int, bool> cases = {
+        {30, 8, RED, true}, {31, 8, RED, false}, {0, 8, BLUE, false},
+        {46, 9, RED, true}, {47, 9, RED, false},   // fortifications 16 pixels farther
+    };
+    for (const auto& [pixels, type, side, found] : cases) {
         Board board(40, 40);
         const int a = board.Place(BLUE, 205, 205);
-        UNIT[a].TACOPN = 3;
-        UNIT[a].LX = 205;
-        UNIT[a].LY = 105;
-        UNIT[a].RX = UNIT[a].RY = 305;
-        UNIT[a].FOOTPRINT = 61;   // half, rounded to even, is 30
+        // half of the footprint, rounded to even, is 30
+        Arrange(a, 0, "f.TACOPN 3, f.LX 205, f.LY 105, f.RX 305, f.RY 305, f.FOOTPRINT 61");
         BG[1].BGHEX = 1;
         BG[1].BGX = 205 - pixels - 5;
         BG[1].BGY = 100;
         BG[1].BGTYPE = type;
         BG[1].BGSIDE = side;
         Engage_Unit(a, LOOK);
-        return BG[1].BGVISIBLE == 1;
-    };
-    EXPECT_TRUE(found(30, 8));
-    EXPECT_FALSE(found(31, 8));
-    EXPECT_TRUE(found(46, 9));   // fortifications 16 pixels farther
-    EXPECT_FALSE(found(47, 9));
-    EXPECT_FALSE(found(0, 8, BLUE));
+        EXPECT_EQ(BG[1].BGVISIBLE == 1, found) << pixels << ' ' << type;
+    }
 }
 
 TEST(CombatPhase, RetreatIsDecidedByTheShareOfPowerLostOrByFullSuppression)
 {
-    const auto retreats = [](float loss, int maximum, int suppressed = 0) {
+    const CASES<const char*, bool> cases = {
+        {"f.TURNLOSS 15", false},   // exactly 15 %
+        {"f.TURNLOSS 15.01", true},
+        {"f.TURNLOSS 15.01, f.RETREATP 5", false},   // "20%"
+        {"f.TURNLOSS 2, f.RETREATP 1", true},        // "1%"
+        {"f.TURNLOSS 2, f.SUPPRESSED 4", true},
+        {"f.TURNLOSS 2, f.SUPPRESSED 5", false},
+    };
+    for (const auto& [arranged, retreats] : cases) {
         Board board(40, 40);
         const int u = board.Place(BLUE, 205, 205, 5, 100.0f);
-        UNIT[u].TURNLOSS = loss;
-        UNIT[u].RETREATP = maximum;
-        UNIT[u].SUPPRESSED = suppressed;
+        Arrange(u, 0, arranged);
+        const float loss = UNIT[u].TURNLOSS;
         const Log_Lines log;
         Ground_Combat_Phase();
         EXPECT_EQ(log.Count("RFactor: "), 1);
-        EXPECT_EQ(log.Count("B1 retreated with RFactor = "), Posted("We are retreating!") ? 1 : 0);
+        EXPECT_EQ(log.Count("B1 retreated with RFactor = "), retreats ? 1 : 0);
+        EXPECT_EQ(Posted("We are retreating!"), retreats) << arranged;
         EXPECT_EQ(UNIT[u].TURNLOSS, loss);   // stands until the reset
-        return Posted("We are retreating!");
-    };
-    EXPECT_FALSE(retreats(15, 0));   // exactly 15 %
-    EXPECT_TRUE(retreats(15.01f, 0));
-    EXPECT_FALSE(retreats(15.01f, 5));   // "20%"
-    EXPECT_TRUE(retreats(2, 1));         // "1%"
-    EXPECT_TRUE(retreats(2, 0, 4));
-    EXPECT_FALSE(retreats(2, 0, 5));
+    }
 }
 
 TEST(CombatPhase, AUnitThatRanOffTheMapIsNotTouchedAgain)

@@ -3,6 +3,7 @@
 #include "combat/factors.h"
 #include "core/explain.h"
 #include "support/board.h"
+#include "support/cases.h"
 #include "support/dice.h"
 
 #include <bit>
@@ -43,18 +44,10 @@ TEST(DirectFire, EveryFactorOfAHardCaseCountsInItsOrder)
 {
     Duel duel;
     UNIT_RECORD &f = duel.Firer(), &t = duel.Target();
-    t.RCP = t.RCP2 = 10;
-    f.MORALE = 3;
-    f.FATIGUE = 1;
-    f.SUPPRESSED = 1;
-    f.TERTYPE = 21;
-    f.TACOPN = 1;
-    f.EWSTATUS = 5;
-    f.UCONTROL = 1;
-    f.C2 = 1;
-    t.TERTYPE = 1;
-    t.TACOPN = 11;
-    t.OBSCURED = 1;
+    Arrange(
+        duel.F, duel.T,
+        "f.MORALE 3, f.FATIGUE 1, f.SUPPRESSED 1, f.TERTYPE 21, f.TACOPN 1, f.EWSTATUS 5, f.UCONTROL 1, f.C2 1, "
+        "t.RCP 10, t.RCP2 10, t.TERTYPE 1, t.TACOPN 11, t.OBSCURED 1");
     // 10 x 0.1 = 1; tanks at tanks, frontal: 1; morale 1.1 = 1.1; rested 1.1 = 1.21; lightly suppressed 0.9
     // = 1.089; from a fortification 2 = 2.178; into restricted ground 0.75 = 1.6335; hasty defence 1.3 = 2.12355;
     // against a deliberate defence 0.3 = 0.637065; jammed 0.66 = 0.4204629; smoke 0.5 = 0.21023145; controlled 1.5
@@ -71,61 +64,45 @@ TEST(DirectFire, EveryFactorOfAHardCaseCountsInItsOrder)
     EXPECT_EQ(RSEED, 0);        // a frontal shot rolls no dice
 }
 
+// clang-format off
 TEST(DirectFire, EachConditionHasItsOwnFactor)
 {
-    struct CASE {
-        const char* WHAT;
-        void (*SET)(UNIT_RECORD& f, UNIT_RECORD& t);
-        float LOSS;   // 10 x 0.1 x 2 = 2, times the factor
+    constexpr float FLOOR = 0.03f / 2;
+    constexpr FACTOR_CASE CASES[] = {
+        {"f.MORALE 0", 0.3f}, {"f.MORALE 4", 1.2f},
+        {"f.FATIGUE 15", 1}, {"f.FATIGUE 16", 0.8f}, {"f.FATIGUE 22", 0.5f},
+        {"f.SUPPRESSED 3", 0.5f}, {"f.SUPPRESSED 4", 0.3f}, {"f.SUPPRESSED 5", 0.5f},   // 5 is better than 4
+        {"f.TERTYPE 18", 0.5f}, {"f.TERTYPE 4", 1},
+        {"t.TERTYPE 4", 0.3f}, {"t.TERTYPE 6", 0.5f}, {"t.TERTYPE 5", 1.5f}, {"t.TERTYPE 10", 1},
+        {"t.TERTYPE 27", 0.3f},
+        {"f.TACOPN 2", 0.5f}, {"t.TACOPN 3", 0.1f},
+        {"f.C2 0", 0.25f}, {"f.C2 -1", FLOOR},
+        {"f.UCONTROL 1, t.TACOPN 2", 0.5f},   // control does not reach a breach
     };
-    const CASE cases[] = {
-        {"broken", [](UNIT_RECORD& f, UNIT_RECORD&) { f.MORALE = 0; }, 0.6f},
-        {"very high morale", [](UNIT_RECORD& f, UNIT_RECORD&) { f.MORALE = 4; }, 2.4f},
-        {"fatigue 15", [](UNIT_RECORD& f, UNIT_RECORD&) { f.FATIGUE = 15; }, 2.0f},
-        {"fatigue 16", [](UNIT_RECORD& f, UNIT_RECORD&) { f.FATIGUE = 16; }, 1.6f},
-        {"fatigue 22", [](UNIT_RECORD& f, UNIT_RECORD&) { f.FATIGUE = 22; }, 1.0f},
-        {"suppression 3", [](UNIT_RECORD& f, UNIT_RECORD&) { f.SUPPRESSED = 3; }, 1.0f},
-        {"suppression 4", [](UNIT_RECORD& f, UNIT_RECORD&) { f.SUPPRESSED = 4; }, 0.6f},
-        {"suppression 5 is better", [](UNIT_RECORD& f, UNIT_RECORD&) { f.SUPPRESSED = 5; }, 1.0f},
-        {"from an obstacle", [](UNIT_RECORD& f, UNIT_RECORD&) { f.TERTYPE = 18; }, 1.0f},
-        {"from a town", [](UNIT_RECORD& f, UNIT_RECORD&) { f.TERTYPE = 4; }, 2.0f},
-        {"into a town", [](UNIT_RECORD&, UNIT_RECORD& t) { t.TERTYPE = 4; }, 0.6f},
-        {"into impassable ground", [](UNIT_RECORD&, UNIT_RECORD& t) { t.TERTYPE = 6; }, 1.0f},
-        {"into a river", [](UNIT_RECORD&, UNIT_RECORD& t) { t.TERTYPE = 5; }, 3.0f},
-        {"into a fortification", [](UNIT_RECORD&, UNIT_RECORD& t) { t.TERTYPE = 27; }, 0.6f},
-        {"into sea", [](UNIT_RECORD&, UNIT_RECORD& t) { t.TERTYPE = 10; }, 2.0f},
-        {"from a breach", [](UNIT_RECORD& f, UNIT_RECORD&) { f.TACOPN = 2; }, 1.0f},
-        {"at a screen", [](UNIT_RECORD&, UNIT_RECORD& t) { t.TACOPN = 3; }, 0.2f},
-        {"C2 lost", [](UNIT_RECORD& f, UNIT_RECORD&) { f.C2 = 0; }, 0.5f},
-        {"C2 lost and jammed: only the floor", [](UNIT_RECORD& f, UNIT_RECORD&) { f.C2 = -1; }, 0.03f},
-        {"control does not reach a breach", [](UNIT_RECORD& f, UNIT_RECORD& t) { f.UCONTROL = 1, t.TACOPN = 2; },
-         1.0f},
-    };
-    for (const CASE& c : cases) {
+    Expect_Factors(CASES, [](const char* arranged) {
         Duel duel;
-        c.SET(duel.Firer(), duel.Target());
-        EXPECT_FLOAT_EQ(duel.Loss(), c.LOSS) << c.WHAT;
-    }
+        Arrange(duel.F, duel.T, arranged);
+        return duel.Loss();
+    });
+    EXPECT_FLOAT_EQ(Duel().Loss(), 2.0f);   // 10 x 0.1 x 2
 }
+// clang-format on
 
 TEST(DirectFire, WeaponsAndVulnerabilityGoByTheRolesOfBoth)
 {
-    struct CASE {
-        int FIRER, TARGET;
-        float LOSS;
-    };   // 2 x weapons x vulnerability
-    const CASE cases[] = {
+    // 2 x weapons x vulnerability
+    const CASES<int, int, float> cases = {
         {5, 5, 2.0f},    {20, 8, 40.0f}, {6, 7, 16.0f},  {4, 2, 8.0f},   {14, 11, 20.0f}, {5, 13, 10.0f},
         {19, 20, 1.0f},  {25, 5, 1.0f},  {19, 24, 2.0f}, {20, 19, 6.0f}, {6, 25, 6.0f},   {19, 25, 2.0f},
         {24, 19, 0.2f},  {18, 7, 1.6f},  {21, 0, 1.6f},  {8, 5, 0.03f},   // 0.02 and so the floor
         {13, 10, 0.08f},                                                  // 2 x 0.002 x 20
         {5, 40, 0.03f},                                                   // nothing, and so the floor
     };
-    for (const CASE& c : cases) {
+    for (const auto& [firer, target, loss] : cases) {
         Duel duel;
-        duel.Firer().TYPE = c.FIRER;
-        duel.Target().TYPE = c.TARGET;
-        EXPECT_FLOAT_EQ(duel.Loss(), c.LOSS) << c.FIRER << " at " << c.TARGET;
+        duel.Firer().TYPE = firer;
+        duel.Target().TYPE = target;
+        EXPECT_FLOAT_EQ(duel.Loss(), loss) << firer << " at " << target;
     }
 }
 
@@ -139,8 +116,7 @@ TEST(DirectFire, AFlankAttackShakesTheTargetBeforeItsFireIsWeighed)
     EXPECT_FLOAT_EQ(duel.Loss(), 2.64f);
     EXPECT_EQ(RSEED, 2);
     EXPECT_EQ(duel.Firer().MORALE, 3);
-    EXPECT_EQ(duel.Target().MORALE, 1);
-    EXPECT_EQ(duel.Target().SUPPRESSED, 1);
+    EXPECT_TRUE(Has(UNIT[duel.T], "MORALE 1, SUPPRESSED 1"));
     const std::vector<std::string> told = {"R301 receives direct fires (Flank) from B1!", "B1 gained morale!",
                                            "R301 lost morale!",
                                            "SITREP: R301 lost 29% as a result of direct fires!"};
@@ -150,14 +126,12 @@ TEST(DirectFire, AFlankAttackShakesTheTargetBeforeItsFireIsWeighed)
 TEST(DirectFire, FireFromBehindSuppressesTwiceButNeverBeyondFour)
 {
     Duel duel;
-    duel.Target().FACING = 0;
-    duel.Target().SUPPRESSED = 3;
+    Give(UNIT[duel.T], "FACING 0, SUPPRESSED 3");
     // Rolls 82 + 40 + 10 + 10 for the firer; 39 - 40 - 5 + 10 for the target.
     EXPECT_FLOAT_EQ(duel.Loss(), 3.3f);   // 1 x 1.5 x 1.1 x 2
     EXPECT_EQ(duel.Target().SUPPRESSED, 4);
     EXPECT_TRUE(Posted("R301 receives direct fires (Rear) from B1!"));
-    duel.Target().FACING = 180;
-    duel.Target().SUPPRESSED = 7;
+    Give(UNIT[duel.T], "FACING 180, SUPPRESSED 7");
     duel.Loss();
     EXPECT_EQ(duel.Target().SUPPRESSED, 4);   // cut whatever the aspect
 }
@@ -176,12 +150,9 @@ TEST(DirectFire, PowerIsDividedAmongTheEnemiesThatCanHoldIt)
     Duel duel;
     const auto another = [&] { return duel.BOARD.Place(RED, 205, 215); };
     another();
-    UNIT[another()].SIZE = 0;
-    UNIT[another()].STATUS = 1;
-    UNIT[another()].LOGSTATN = 0;
-    UNIT[another()].PARENT_UNIT = duel.T;
-    UNIT[another()].MOVESTATUS = 8;
-    UNIT[another()].TACOPN = 3;
+    for (const char* no_enemy :
+         {"SIZE 0", "STATUS 1", "LOGSTATN 0", "PARENT_UNIT 301", "MOVESTATUS 8", "TACOPN 3"})
+        Give(UNIT[another()], no_enemy);
     duel.BOARD.Place(RED, 205, 225 - 28);   // 40 + 40 pixels of ground: in contact to 27
     EXPECT_FLOAT_EQ(duel.Loss(), 1.0f);     // 10 / 2 enemies
     EXPECT_EQ(duel.Firer().ACTIVITY, 2);
@@ -213,12 +184,10 @@ TEST(DirectFire, TheLeastLossGoesByTheFirersOperationAndTheGreatestByTheTargetsS
         EXPECT_FLOAT_EQ(duel.Loss(), 20.0f);   // a squad or a convoy can lose more than it has
     }
     EXPECT_TRUE(Posted("R301 lost 100%"));
-    duel.Target().SIZE = 3;
-    duel.Target().TYPE = 26;
+    Give(UNIT[duel.T], "SIZE 3, TYPE 26");
     duel.Firer().RCP2 = 0.1f;
     EXPECT_FLOAT_EQ(duel.Loss(), 3.0f);   // any hit kills a UAV
-    duel.Target().TYPE = 5;
-    duel.Target().RCP2 = 0;
+    Give(UNIT[duel.T], "TYPE 5, RCP2 0");
     EXPECT_FLOAT_EQ(duel.Loss(), 0.0f);
     EXPECT_TRUE(Posted("SITREP: R301 lost less than 1% as a result of direct fires!"));
 }
@@ -255,8 +224,7 @@ TEST(DirectFire, GunsOfTheSameCommandSupportBetweenTheirLeastAndGreatestRange)
         duel.Firer().HIGHERHQ = 299;
         const int battery = duel.BOARD.Place(BLUE, 205, 205 + pixels, 7);
         UNIT_RECORD& b = UNIT[battery];
-        b.HIGHERHQ = 299;
-        b.MXRANGE = 9;
+        Give(b, "HIGHERHQ 299, MXRANGE 9");
         b.MINRANGE = 3;   // 10 pixels a km; half of the footprint is 20
         if (set != nullptr) set(b);
         Direct_Fire(duel.F, duel.T);
@@ -283,8 +251,7 @@ TEST(DirectFire, ATargetThatTheGunsDestroyedIsNotShotAtAnyMore)
     t.RCP2 = 0.01f;
     for (int i = 0; i < 2; ++i) UNIT[duel.BOARD.Place(BLUE, 305, 205, 8)].PARENT_UNIT = duel.F;
     Direct_Fire(duel.F, duel.T);
-    EXPECT_EQ(t.STATUS, 0);
-    EXPECT_EQ(t.TURNLOSS, 0);
+    EXPECT_TRUE(Has(t, "STATUS 0, TURNLOSS 0"));
     EXPECT_EQ(RMANL, 0);
     EXPECT_EQ(UNIT[1 + 1].FIREMISSIONN, 1);
     EXPECT_EQ(UNIT[1 + 1].FACING, Bearing_To(305, 205, 205, 205));   // to where the target stood
@@ -335,14 +302,4 @@ TEST(Factors, EachProductRoundsBeforeTheNext)
     // 9 x 0.1 = 0.90000004 (0x3F666667), x 1.1 = 0.99000007 (0x3F7D70A5), x 1.3 = 1.2870001 (0x3FA4BC6B); rounded
     // once at the end it would be 0x3FA4BC6A.
     EXPECT_EQ(std::bit_cast<std::uint32_t>(Multiply_Out(9.0f, CHAIN, false, 1, 1)), 0x3FA4BC6Bu);
-}
-
-TEST(Factors, ACodeWithoutARowChangesNothing)
-{
-    static constexpr FACTOR_ROW ROWS[] = {{1, 3, 2.0f}, {5, 5, 4.0f}};
-    EXPECT_EQ(Factor_Of(ROWS, 0), 1.0f);
-    EXPECT_EQ(Factor_Of(ROWS, 3), 2.0f);
-    EXPECT_EQ(Factor_Of(ROWS, 4), 1.0f);
-    static constexpr FACTOR_ROW SHADOWED[] = {{1, 3, 2.0f}, {3, 5, 4.0f}};
-    static_assert(In_Order(ROWS) && !In_Order(SHADOWED));
 }

@@ -7,6 +7,7 @@
 #include "combat/helicopters.h"
 #include "combat/loss.h"
 #include "manoeuvre/aviation.h"
+#include "support/cases.h"
 #include "support/fires.h"
 #include "terrain/grid.h"
 
@@ -37,8 +38,7 @@ TEST(Chains, OneHelicopterAttackCanSetOffEverythingAndStillEnds)
 {
     Board board(60, 60);
     const int helicopters = Place_In_The_Air(board, BLUE, 150, 60, 11, 21.0f);
-    UNIT[helicopters].MOVESTATUS = 8;
-    UNIT[helicopters].MXRANGE = 5;
+    Give(UNIT[helicopters], "MOVESTATUS 8, MXRANGE 5");
     const int sam = Place_Strong_Air_Defence(board, RED, 150, 75);
     int sead[5], counter[5];
     for (int i = 0; i < 5; ++i) {
@@ -72,8 +72,7 @@ TEST(Chains, SEADThatSilencesTheBatteryComesBeforeItsShot)
     Board board(60, 60);
     const int sam = Place_Strong_Air_Defence(board, RED, 150, 50);
     UNIT[sam].SIZE = 0;   // a lone launcher may be lost at once
-    UNIT[sam].SPOTTED = 2;
-    UNIT[sam].RCP2 = 0.01f;
+    Give(UNIT[sam], "SPOTTED 2, RCP2 0.01");
     Place_Battery(board, BLUE, 50, 50, 2);
     const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 11, 2);
     ADA_Engage(1, 0, BLUE, 150, 50, 4, slot);
@@ -106,8 +105,7 @@ TEST(Passengers, WhoIsAttachedToOneThatIsLostIsLeftUnderTheAircraft)
     ADA_Fire(10, sam, lift, 150, 50, 3, 0);
     EXPECT_EQ(UNIT[lift + 1].STATUS, 0);
     EXPECT_EQ(UNIT[lift].PASSENGER, 0);
-    EXPECT_EQ(UNIT[engineers].PARENT_UNIT, 0);
-    EXPECT_EQ(UNIT[engineers].X, 150);
+    EXPECT_TRUE(Has(UNIT[engineers], "PARENT_UNIT 0, X 150"));
     EXPECT_EQ(UNIT[engineers].HEXNUM, UNIT[lift].HEXNUM);
 }
 
@@ -137,13 +135,10 @@ TEST(FiresOnTheMap, MinesAndBlownBridgesChangeTheGround)
     const int battery = Place_Battery(board, BLUE, 15, 15);
     const int meadow = Hex_Number(55, 25), bridge = Hex_Number(95, 45);
     BG[7].BGHEX = bridge;
-    BG[7].BGTYPE = 7;
-    BG[7].BGSIDE = 3;
+    Give(BG[7], "BGTYPE 7, BGSIDE 3");
     Fire_Arty(Place_Mission(BLUE, 5, 55, 25, battery));
     EXPECT_EQ(Cell_Value(meadow), 11);
-    EXPECT_EQ(BG[1].BGTYPE, 8);
-    EXPECT_EQ(BG[1].BGSIDE, BLUE);
-    EXPECT_EQ(BG[1].BGVISIBLE, 0);
+    EXPECT_TRUE(Has(BG[1], "BGTYPE 8, BGSIDE BLUE, BGVISIBLE 0"));
     EXPECT_EQ(BOBST, 0);   // booked when it was ordered
     RSEED = 9;             // fighters 5, mines 5
     Air_Mission(Place_Mission(BLUE, 4, 75, 25, 0, 12, 2));
@@ -164,16 +159,13 @@ TEST(FiresOnTheMap, ChemicalRoundsLeaveACloudThatHarmsBothSidesAndTheBatteryToo)
     const int enemy = board.Place(RED, 175, 155), far = board.Place(RED, 355, 355);
     Fire_Arty(Place_Mission(BLUE, 11, 175, 155, battery));
     EXPECT_TRUE(Posted("NBC MESSAGE: Non-Persistent Strike at No UTM Data"));
-    EXPECT_EQ(NBC[1].NBCTYPE, 11);
-    EXPECT_EQ(NBC[1].NBCSIDE, BLUE);
-    EXPECT_EQ(NBC[1].NBCX, 175);
+    EXPECT_TRUE(Has(NBC[1], "NBCTYPE 11, NBCSIDE BLUE, NBCX 175"));
     EXPECT_LT(UNIT[enemy].RCP2, 10.0f);
     EXPECT_LT(UNIT[battery].RCP2, 20.0f);
     EXPECT_EQ(UNIT[far].RCP2, 10.0f);
     EXPECT_EQ(UNIT[battery].FIREMISSIONN, 0);   // nobody was shelled
     EXPECT_EQ(CurTarget, 0);
-    UNIT[battery].RCP2 = 0.001f;
-    UNIT[battery].MOPP = 0;
+    Give(UNIT[battery], "RCP2 0.001, MOPP 0");
     DiceSite = 0;
     Fire_Arty(Place_Mission(BLUE, 21, 155, 155, battery));   // on its own head
     EXPECT_TRUE(Posted("NBC MESSAGE: Persistent Strike at No UTM Data"));
@@ -192,8 +184,7 @@ TEST(FiresOnTheMap, AnObstacleTaskCostsTheEngineersTheirMarch)
     EXPECT_EQ(UNIT[engineers].MOVEPOINTS2, 0);
     EXPECT_EQ(Cell_Value(Hex_Number(65, 55)), 11);
     EXPECT_EQ(UNIT[engineers].FIREMISSION, 0);
-    UNIT[engineers].STATUS = 1;
-    UNIT[engineers].MOVEPOINTS2 = 24;
+    Give(UNIT[engineers], "STATUS 1, MOVEPOINTS2 24");
     const int late = Place_Mission(BLUE, 151, 75, 55, engineers);
     TG[late].TGHEX = Hex_Number(75, 55);
     Run_Targets(2, 1, 100);
@@ -216,6 +207,5 @@ TEST(FiresOnTheMap, ABlownBridgeCarriesNoUnitAnyMoreAndAnObstacleOnItStays)
     Roll_Next(100);
     Run_Targets(2, 1, 100);
     EXPECT_EQ(Cell_Value(bridge), 16);
-    EXPECT_EQ(UNIT[rider].TERTYPE, 16);
-    EXPECT_EQ(UNIT[rider].RCP2, 10.0f);
+    EXPECT_TRUE(Has(UNIT[rider], "TERTYPE 16, RCP2 10"));
 }

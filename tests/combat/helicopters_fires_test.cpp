@@ -1,5 +1,6 @@
 #include "combat/helicopters.h"
 #include "manoeuvre/routes.h"
+#include "support/cases.h"
 #include "support/fires.h"
 
 using namespace sm;
@@ -29,11 +30,9 @@ TEST(HelicopterAttack, AFrontalAttackOutsideATAIIsWeakARearAttackInsideOneIsNot)
     EXPECT_TRUE(Posted("B1: Conducting frontal attack against R301!"));
     EXPECT_TRUE(Posted("AH BDA: R301 lost 9%"));
     EXPECT_EQ(SITREPLIST[3].UNIT, unit);
-    EXPECT_EQ(UNIT[unit].FIREMISSIONN, 2);
-    EXPECT_EQ(UNIT[unit].FATIGUE, 4);
+    EXPECT_TRUE(Has(UNIT[unit], "FIREMISSIONN 2, FATIGUE 4"));
     RAIRL = 0;
-    UNIT[target].FACING = 180;
-    UNIT[target].RCP2 = 10;
+    Give(UNIT[target], "FACING 180, RCP2 10");
     Place_Area(BLUE, 13, 150, 60);
     // 0.1; rear 2 = 0.2; offence 0.9 = 0.18; x 21 = 3.78
     AH_Attack(unit, target);
@@ -42,78 +41,54 @@ TEST(HelicopterAttack, AFrontalAttackOutsideATAIIsWeakARearAttackInsideOneIsNot)
     EXPECT_TRUE(Posted("Attack occurred within an active TAI!"));
 }
 
+// clang-format off
 TEST(HelicopterAttack, EachRowOfTheTableActsAsPrinted)
 {
-    const auto loss = [](auto change) {
+    const auto loss = [](const char* arranged) {
         Board board(60, 60);
         const int unit = Place_Helicopters(board, 150, 20);
         const int target = board.Place(RED, 150, 60, 5, 1000.0f);
         UNIT[target].TACOPN = 4;   // a withdrawal has no factor
-        change(UNIT[unit], UNIT[target]);
+        Arrange(unit, target, arranged);
         AH_Attack(unit, target);
         return static_cast<float>(RAIRL);
     };
-    const float plain = loss([](auto&, auto&) {});
-    EXPECT_FLOAT_EQ(plain, 1.05f);   // 0.1 x 0.5 x 21
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.TACOPN = 3; }), plain / 2);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.FACING = 90; }), plain * 1.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MORALE = 0; }), plain * 0.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MORALE = 1; }), plain * 0.8f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MORALE = 4; }), plain * 1.2f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.FATIGUE = 1; }), plain * 1.1f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.FATIGUE = 16; }), plain * 0.8f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.FATIGUE = 22; }), plain * 0.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.SUPPRESSED = 3; }), plain * 0.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.SUPPRESSED = 5; }), plain);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.UCONTROL = 1; }), plain * 1.5f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.SUPPRESSED = 1; }), plain * 0.9f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 1; }), plain * 0.6f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 6; }), plain * 0.3f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 12; }), plain * 1.2f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TERTYPE = 21; }), plain * 0.2f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TACOPN = 2; }), plain * 0.6f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TACOPN = 3; }), plain * 0.3f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TACOPN = 11; }), plain * 0.2f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOBILITY = 0; }), plain * 0.5f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOBILITY = 1; }), plain * 1.3f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOVESTATUS = 2; }), plain * 1.4f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.MOBILITY = 3, t.MOVESTATUS = 9; }), 0);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TYPE = 3; }), plain * 1.5f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TYPE = 9; }), plain * 1.5f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.TYPE = 12; }), plain * 0.7f);
-    EXPECT_FLOAT_EQ(loss([](auto&, auto& t) { t.OBSCURED = 1; }), plain * 0.3f);
-    EXPECT_FLOAT_EQ(loss([](auto& a, auto&) { a.MOVESTATUS = 10; }), plain / 10);
+    EXPECT_FLOAT_EQ(loss(""), 1.05f);   // 0.1 x 0.5 x 21
+    constexpr FACTOR_CASE CASES[] = {
+        {"f.TACOPN 3", 0.5f}, {"t.FACING 90", 1.5f},
+        {"f.MORALE 0", 0.5f}, {"f.MORALE 1", 0.8f}, {"f.MORALE 4", 1.2f},
+        {"f.FATIGUE 1", 1.1f}, {"f.FATIGUE 16", 0.8f}, {"f.FATIGUE 22", 0.5f},
+        {"f.SUPPRESSED 1", 0.9f}, {"f.SUPPRESSED 3", 0.5f}, {"f.SUPPRESSED 5", 1},
+        {"f.UCONTROL 1", 1.5f}, {"f.MOVESTATUS 10", 0.1f},
+        {"t.TERTYPE 1", 0.6f}, {"t.TERTYPE 6", 0.3f}, {"t.TERTYPE 12", 1.2f}, {"t.TERTYPE 21", 0.2f},
+        {"t.TACOPN 2", 0.6f}, {"t.TACOPN 3", 0.3f}, {"t.TACOPN 11", 0.2f},
+        {"t.MOBILITY 0", 0.5f}, {"t.MOBILITY 1", 1.3f}, {"t.MOVESTATUS 2", 1.4f}, {"t.MOBILITY 3, t.MOVESTATUS 9", 0},
+        {"t.TYPE 3", 1.5f}, {"t.TYPE 9", 1.5f}, {"t.TYPE 12", 0.7f}, {"t.OBSCURED 1", 0.3f},
+    };
+    Expect_Factors(CASES, loss);
 }
+// clang-format on
 
 TEST(HelicopterAttack, HalfIsTheMostOfAUnitAndAllOfAUAV)
 {
-    Board board(60, 60);
-    const int unit = Place_Helicopters(board, 150, 20, 1000.0f);
-    const int target = board.Place(RED, 150, 60);
-    AH_Attack(unit, target);
-    EXPECT_FLOAT_EQ(RAIRL, 5.0f);
-    RAIRL = 0;
-    UNIT[target].TYPE = 26;
-    UNIT[target].RCP2 = 10;
-    AH_Attack(unit, target);
-    EXPECT_FLOAT_EQ(RAIRL, 10.0f);
+    for (const int type : {5, 26}) {
+        Board board(60, 60);
+        const int unit = Place_Helicopters(board, 150, 20, 1000.0f);
+        AH_Attack(unit, board.Place(RED, 150, 60, type));
+        EXPECT_FLOAT_EQ(RAIRL, type == 26 ? 10.0f : 5.0f);
+    }
 }
 
 TEST(HelicopterAttack, ACloseAttackIsAnsweredAndADistantOneIsNot)
 {
-    Board board(60, 60);
-    const int unit = Place_Helicopters(board, 150, 20);
-    UNIT[unit].FOOTPRINT = 10;
-    const UNIT_RECORD before = UNIT[unit];
     // 9 % weaker after the attack the target covers 36.4 pixels: it answers up to (0 + 36.4 + 10) / 2 = 23.2.
-    const int target = board.Place(RED, 150, 43);
-    AH_Attack(unit, target);
-    EXPECT_GT(BADAL, 0);
-    BADAL = 0;
-    const int distant = board.Place(RED, 150, 44);
-    UNIT[unit] = before;
-    AH_Attack(unit, distant);
-    EXPECT_EQ(BADAL, 0);
+    for (const int pixels : {23, 24}) {
+        Board board(60, 60);
+        const int unit = Place_Helicopters(board, 150, 20);
+        UNIT[unit].FOOTPRINT = 10;
+        AH_Attack(unit, board.Place(RED, 150, 20 + pixels));
+        EXPECT_EQ(BADAL > 0, pixels == 23);
+    }
 }
 
 TEST(HelicopterSearch, OnStationTheFirstEnemyInSightIsAttacked)
@@ -175,7 +150,9 @@ TEST(HelicopterSearch, InFlightOrdersComeBeforeTheHunt)
 TEST(HelicopterSearch, CrewsTellEveryRoleByAClassOfTheirOwn)
 {
     // From user-defined (0) to UAV (26); 'A' is class 10, '-' what was seen before, here nothing.
-    const std::string_view classes = "577755522334" "4A--1116" "55-1961";
+    const std::string_view classes = "577755522334"
+                                     "4A--1116"
+                                     "55-1961";
     for (int type = 0; type <= 26; ++type) {
         Board board(60, 60);
         const int unit = Place_Helicopters(board, 150, 100);
@@ -192,8 +169,7 @@ TEST(HelicopterSearch, WithoutAmmunitionNobodyIsAttacked)
 {
     Board board(60, 60);
     const int unit = Place_Helicopters(board, 150, 100);
-    UNIT[unit].MOVESTATUS = 8;
-    UNIT[unit].FIREMISSIONN = 4;
+    Give(UNIT[unit], "MOVESTATUS 8, FIREMISSIONN 4");
     const int target = board.Place(RED, 150, 60);
     AH_Search(unit, 150, 100);
     EXPECT_EQ(UNIT[target].SPOTTED, 1);
@@ -209,16 +185,13 @@ TEST(HelicopterSearch, WithoutAmmunitionNobodyIsAttacked)
 
 TEST(HelicopterSearch, AHillBeyondTheFootprintHidesTheEnemy)
 {
-    Board board(60, 60);
-    const int unit = Place_Helicopters(board, 155, 105);   // footprint 40: hills up to 20 pixels away do not hide
-    UNIT[unit].MOVESTATUS = 8;
-    const int target = board.Place(RED, 155, 65);
-    const auto raise = [](int row, int high) { HEXMAP[15 * 60 + row].THIGH = high; };
-    raise(9, 1);   // two steps north
-    AH_Search(unit, 155, 105);
-    EXPECT_EQ(UNIT[target].SPOTTED, 1);
-    raise(9, 0);
-    raise(8, 1);   // three steps: 30 pixels
-    AH_Search(unit, 155, 105);
-    EXPECT_EQ(UNIT[target].SPOTTED, 1);
+    for (const int row : {9, 8}) {   // two steps north of the helicopters, 20 pixels, and three
+        Board board(60, 60);
+        const int unit = Place_Helicopters(board, 155, 105);   // footprint 40
+        UNIT[unit].MOVESTATUS = 8;
+        const int target = board.Place(RED, 155, 65);
+        HEXMAP[15 * 60 + row].THIGH = 1;
+        AH_Search(unit, 155, 105);
+        EXPECT_EQ(UNIT[target].SPOTTED, row == 9 ? 1 : 0);
+    }
 }

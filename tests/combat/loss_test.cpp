@@ -2,6 +2,7 @@
 #include "core/dice.h"
 #include "manoeuvre/routes.h"
 #include "support/board.h"
+#include "support/cases.h"
 #include "support/dice.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,7 @@ int Suppression_After(float loss, int mobility)
 
 /// What the modifiers of a test add, found from outside: the least chance at which a roll of 50 still holds.
 template <class Test>
-int Added_By(void (*set)(UNIT_RECORD& u, int value), int value, Test holds)
+int Added_By(const char* field, int value, Test holds)
 {
     Board board(20, 20);
     const int u = board.Place(BLUE, 55, 55);
@@ -41,11 +42,21 @@ int Added_By(void (*set)(UNIT_RECORD& u, int value), int value, Test holds)
         UNIT_RECORD& r = UNIT[u];
         r.SUPPRESSED = r.C2 = r.MORALE = 2;
         r.TERTYPE = 6;   // the two looks at the ground cancel out
-        set(r, value);
+        Give(UNIT[u], Cat(field, " ", To_Text(value)));
         Roll_Next(50);
         if (holds(u, chance)) return -chance;
     }
     return 999;
+}
+
+/// What the values of a field from `first` on add.
+template <class Test>
+void Expect_Modifiers(Test holds, const char* field, int first, std::initializer_list<int> added)
+{
+    for (const int wanted : added) {
+        EXPECT_EQ(Added_By(field, first, holds), wanted) << field << ' ' << first;
+        ++first;
+    }
 }
 
 /// Morale 1 or more is lost below 50.
@@ -73,13 +84,10 @@ bool Stays_Down(int u, int chance)
 
 TEST(Loss, EffectivenessEndsBelowAStrengthThatGoesByTheRole)
 {
-    struct CASE {
-        int TYPE;
-        float EFFECTIVE;
-    };
-    for (const CASE& c : {CASE{5, 36}, {19, 36}, {13, 36}, {8, 15}, {2, 15}, {11, 10}, {26, 10}}) {
-        EXPECT_EQ(Status_After(c.TYPE, c.EFFECTIVE + 10), 2) << c.TYPE;
-        EXPECT_EQ(Status_After(c.TYPE, c.EFFECTIVE + 9), 1) << c.TYPE;
+    for (const auto& [type, effective] :
+         CASES<int, float>{{5, 36}, {19, 36}, {13, 36}, {8, 15}, {2, 15}, {11, 10}, {26, 10}}) {
+        EXPECT_EQ(Status_After(type, effective + 10), 2) << type;
+        EXPECT_EQ(Status_After(type, effective + 9), 1) << type;
     }
     EXPECT_EQ(Status_After(11, 10), 0);   // strength 0 with power left is destroyed, not ineffective
 }
@@ -89,14 +97,9 @@ TEST(Loss, AnIneffectiveUnitDropsItsTaskAndSaysSoAtEachLoss)
     Board board(20, 20);
     const int u = board.Place(BLUE, 55, 55), helicopters = board.Place(BLUE, 55, 55, 11);
     Add_Move_Node(u, Next_Free_Node(u), 155, 55);
-    UNIT[u].MISSION = "Offense";
-    UNIT[u].STRENGTH = 40;
+    Give(UNIT[u], "MISSION Offense, STRENGTH 40");
     Apply_Loss(u, 0.5f);
-    EXPECT_EQ(UNIT[u].STATUS, 1);
-    EXPECT_EQ(UNIT[u].TACOPN, -1);
-    EXPECT_EQ(UNIT[u].MISSION, "Retreat");
-    EXPECT_EQ(UNIT[u].AIACTION, 1);
-    EXPECT_EQ(UNIT[u].NUMBER_OF_NODES, 0);
+    EXPECT_TRUE(Has(UNIT[u], "STATUS 1, TACOPN -1, MISSION Retreat, AIACTION 1, NUMBER_OF_NODES 0"));
     EXPECT_EQ(Messages().size(), 1u);
     EXPECT_EQ(SITREPLIST[1].SIDE, BLUE);
     Apply_Loss(u, 0.5f);
@@ -106,8 +109,7 @@ TEST(Loss, AnIneffectiveUnitDropsItsTaskAndSaysSoAtEachLoss)
     Add_Move_Node(helicopters, Next_Free_Node(helicopters), 155, 55);
     UNIT[helicopters].STRENGTH = 14;
     Apply_Loss(helicopters, 0.5f);
-    EXPECT_EQ(UNIT[helicopters].STATUS, 1);
-    EXPECT_EQ(UNIT[helicopters].MOVESTATUS, 0);
+    EXPECT_TRUE(Has(UNIT[helicopters], "STATUS 1, MOVESTATUS 0"));
     EXPECT_EQ(UNIT[helicopters].NUMBER_OF_NODES, 1);   // an aircraft keeps its route
 }
 
@@ -118,10 +120,8 @@ TEST(Loss, AttachmentsBearTheirShareInPowerAndTheWholePercentInStrength)
     UNIT[v].PARENT_UNIT = u;   // its 8 points are in the 20
     Apply_Loss(u, 5);
     // 5 of 20 is 25 %. The engineers lose 5 x 8/20 = 2, the battalion 5 x 12/20 = 3.
-    EXPECT_FLOAT_EQ(UNIT[v].RCP2, 6);
-    EXPECT_FLOAT_EQ(UNIT[v].STRENGTH, 75);
-    EXPECT_FLOAT_EQ(UNIT[u].RCP2, 17);
-    EXPECT_FLOAT_EQ(UNIT[u].STRENGTH, 75);
+    EXPECT_TRUE(Has(UNIT[v], "RCP2 6, STRENGTH 75"));
+    EXPECT_TRUE(Has(UNIT[u], "RCP2 17, STRENGTH 75"));
 }
 
 TEST(Loss, PercentOfStrengthIsWholeAndAtMostAHundred)
@@ -129,15 +129,13 @@ TEST(Loss, PercentOfStrengthIsWholeAndAtMostAHundred)
     Board board(20, 20);
     const int u = board.Place(BLUE, 55, 55, 5, 8.0f);
     Apply_Loss(u, 0.1f);   // 1.25 %
-    EXPECT_EQ(UNIT[u].STRENGTH, 99);
-    EXPECT_FLOAT_EQ(UNIT[u].RCP2, 7.9f);
+    EXPECT_TRUE(Has(UNIT[u], "STRENGTH 99, RCP2 7.9"));
     Apply_Loss(u, 0.07f);   // less than 1 %: power falls, strength stays
     EXPECT_EQ(UNIT[u].STRENGTH, 99);
     Apply_Loss(u, 1e9f);
     EXPECT_EQ(UNIT[u].STATUS, 0);
     Apply_Loss(u, 1);   // a free row takes no loss
-    EXPECT_EQ(UNIT[u].X, 4000);
-    EXPECT_EQ(UNIT[u].RCP2, 0);
+    EXPECT_TRUE(Has(UNIT[u], "X 4000, RCP2 0"));
 }
 
 TEST(Loss, SuppressionGrowsWithTheShareOfTheBasePower)
@@ -171,9 +169,7 @@ TEST(Loss, ASuppressedScreenMayLoseItsPosture)
     UNIT[u].SUPPRESSED = 3;
     Roll_Next(88);   // 88 - 5 - 10 + 5: suppressed to 4, and so to ground
     Apply_Loss(u, 0.1f);
-    EXPECT_EQ(UNIT[u].TACOPN, 1);
-    EXPECT_EQ(UNIT[u].MISSION, "Hasty Defense");
-    EXPECT_EQ(UNIT[u].LX, 0);
+    EXPECT_TRUE(Has(UNIT[u], "TACOPN 1, MISSION Hasty Defense, LX 0"));
 }
 
 TEST(Loss, WhatALogisticsUnitLosesItsStockLosesToo)
@@ -187,16 +183,14 @@ TEST(Loss, WhatALogisticsUnitLosesItsStockLosesToo)
     EXPECT_EQ(UNIT[u].LOGSTATN, 100);
     UNIT[u].LSF2 = 100;
     Apply_Loss(u, 0.3f);   // 20 % of 1.5: strength 55, LSF 550; the stock ends at 0, not below
-    EXPECT_EQ(UNIT[u].LSF2, 0);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 0);
+    EXPECT_TRUE(Has(UNIT[u], "LSF2 0, LOGSTATN 0"));
 }
 
 TEST(Loss, BridgesGoBelowFortyAndSuppressedAircraftTurnForHome)
 {
     Board board(40, 20);
     const int bridges = board.Place(BLUE, 55, 55, 15), flyer = board.Place(BLUE, 55, 55, 11);
-    UNIT[bridges].BRIDGING = 2;
-    UNIT[bridges].STRENGTH = 49;
+    Give(UNIT[bridges], "BRIDGING 2, STRENGTH 49");
     Apply_Loss(bridges, 0.9f);   // 9 %: 40
     EXPECT_EQ(UNIT[bridges].BRIDGING, 2);
     Apply_Loss(bridges, 0.1f);
@@ -204,8 +198,7 @@ TEST(Loss, BridgesGoBelowFortyAndSuppressedAircraftTurnForHome)
 
     UNIT[flyer].MOBILITY = 3;
     for (const int x : {155, 55}) Add_Move_Node(flyer, Next_Free_Node(flyer), x, 55);
-    UNIT[flyer].MOVESTATUS = 9;
-    UNIT[flyer].SUPPRESSED = 1;
+    Give(UNIT[flyer], "MOVESTATUS 9, SUPPRESSED 1");
     Apply_Loss(flyer, 0.5f);   // 0.05: one line, to 2
     EXPECT_FALSE(Posted("Aborting"));
     Apply_Loss(flyer, 0.5f);
@@ -219,17 +212,13 @@ TEST(Loss, ADestroyedUnitReleasesWhatIsAttachedToItAndTakesItsPassengerAlong)
     const int u = board.Place(BLUE, 45, 15, 12, 4.0f), v = board.Place(BLUE, 5, 5, 14, 1.0f);
     const int spent = board.Place(BLUE, 5, 5, 21, 0.0f), platoon = board.Place(BLUE, 5, 5, 24, 1.0f);
     const int passenger = board.Place(BLUE, 5, 5, 19), squad = board.Place(BLUE, 5, 5, 19, 0.5f);
-    UNIT[u].FACING = 77;
-    UNIT[u].LOGSTATN = 50;
-    UNIT[u].RSF = 8;
+    Give(UNIT[u], "FACING 77, LOGSTATN 50, RSF 8");
     UNIT[u].PASSENGER = passenger;
     UNIT[u].STRENGTH = 1;
     UNIT[v].PARENT_UNIT = UNIT[spent].PARENT_UNIT = u;
     UNIT[platoon].PARENT_UNIT = spent;
     UNIT[squad].PARENT_UNIT = passenger;
-    UNIT[v].HIGHERHQ = 299;
-    UNIT[v].UCONTROL = 1;
-    UNIT[v].FSP = 3;
+    Give(UNIT[v], "HIGHERHQ 299, UCONTROL 1, FSP 3");
     for (const int unit : {v, spent}) UNIT[unit].X = -500, UNIT[unit].Y = -1000, UNIT[unit].HEXNUM = 0;
     Apply_Loss(u, 0.1f);   // 2 %: nothing left of 1 %
     EXPECT_EQ(Messages(), (std::vector<std::string>{"B1 is destroyed!", "B5 is destroyed!"}));
@@ -237,12 +226,9 @@ TEST(Loss, ADestroyedUnitReleasesWhatIsAttachedToItAndTakesItsPassengerAlong)
     for (const int gone : {u, spent, passenger, squad}) EXPECT_EQ(UNIT[gone].STATUS, 0) << gone;
     for (const int there : {v, platoon}) {
         const UNIT_RECORD& r = UNIT[there];
-        EXPECT_EQ(r.STATUS, 2);
-        EXPECT_EQ(r.PARENT_UNIT, 0);
-        EXPECT_EQ(r.HIGHERHQ, 0);
+        EXPECT_TRUE(Has(r, "STATUS 2, PARENT_UNIT 0, HIGHERHQ 0"));
         EXPECT_EQ(r.UCONTROL + r.FSP, 0);
-        EXPECT_EQ(r.FACING, 77);
-        EXPECT_EQ(r.LOGSTATN, 50);
+        EXPECT_TRUE(Has(r, "FACING 77, LOGSTATN 50"));
         EXPECT_FLOAT_EQ(r.RSF2, 4);   // 50 % of the parent's load of 8
         EXPECT_EQ(r.X, 45);
         EXPECT_EQ(r.HEXNUM, 4 * 3 + 2);
@@ -252,15 +238,9 @@ TEST(Loss, ADestroyedUnitReleasesWhatIsAttachedToItAndTakesItsPassengerAlong)
 
 TEST(MoraleTest, ModifiersAreThoseOfSuppressionCommandAndMorale)
 {
-    const auto suppression = [](UNIT_RECORD& u, int v) { u.SUPPRESSED = v; };
-    const int by_suppression[] = {10, 5, 0, -5, -10, 0};
-    for (int v = 0; v <= 5; ++v) EXPECT_EQ(Added_By(suppression, v, Keeps_Heart), by_suppression[v]) << v;
-    const auto command = [](UNIT_RECORD& u, int v) { u.C2 = v; };
-    const int by_command[] = {0, -15, -10, 0, 10};
-    for (int v = -1; v <= 3; ++v) EXPECT_EQ(Added_By(command, v, Keeps_Heart), by_command[v + 1]) << v;
-    const auto morale = [](UNIT_RECORD& u, int v) { u.MORALE = v; };
-    const int by_morale[] = {-10, -5, 0, 5, 10};
-    for (int v = 0; v <= 4; ++v) EXPECT_EQ(Added_By(morale, v, Keeps_Heart), by_morale[v]) << v;
+    Expect_Modifiers(Keeps_Heart, "SUPPRESSED", 0, {10, 5, 0, -5, -10, 0});
+    Expect_Modifiers(Keeps_Heart, "C2", -1, {0, -15, -10, 0, 10});
+    Expect_Modifiers(Keeps_Heart, "MORALE", 0, {-10, -5, 0, 5, 10});
 }
 
 TEST(MoraleTest, HeartIsGainedAt101AndFromHighAt111)
@@ -299,42 +279,22 @@ TEST(MoraleTest, BrokenUnitsStayBrokenAndLinesOfCommunicationUseUpARoll)
 
 TEST(SuppressionTest, ModifiersAreThoseOfStateCommandMoraleAndTwoLooksAtTheGround)
 {
-    const auto suppression = [](UNIT_RECORD& u, int v) { u.SUPPRESSED = v; };
-    const int by_suppression[] = {10, 5, 0, -5};
-    for (int v = 0; v <= 3; ++v) EXPECT_EQ(Added_By(suppression, v, Stays_Down), by_suppression[v]) << v;
-    const auto command = [](UNIT_RECORD& u, int v) { u.C2 = v; };
-    const int by_command[] = {0, 10, 5, 0, -10};
-    for (int v = -1; v <= 3; ++v) EXPECT_EQ(Added_By(command, v, Stays_Down), by_command[v + 1]) << v;
-    const auto morale = [](UNIT_RECORD& u, int v) { u.MORALE = v; };
-    const int by_morale[] = {10, 5, 0, -5, -10};
-    for (int v = 0; v <= 4; ++v) EXPECT_EQ(Added_By(morale, v, Stays_Down), by_morale[v]) << v;
-    const auto ground = [](UNIT_RECORD& u, int v) { u.TERTYPE = v; };
-    struct GROUND {
-        int VALUE, ADDED;
-    };
-    for (const GROUND& g : {GROUND{0, 0 + 5},
-                            {1, 0 - 5},
-                            {2, -10 + 10},
-                            {3, 0 - 15},
-                            {4, -10 + 5},
-                            {5, 10 + 10},
-                            {7, 10 + 10},
-                            {10, 0 + 10},
-                            {11, 10 - 10},
-                            {12, 10 + 10},
-                            {18, 10 + 10},
-                            {20, 0 + 10},
-                            {21, -15 + 10},
-                            {27, -15 + 10}})
-        EXPECT_EQ(Added_By(ground, g.VALUE, Stays_Down), g.ADDED) << g.VALUE;
+    Expect_Modifiers(Stays_Down, "SUPPRESSED", 0, {10, 5, 0, -5});
+    Expect_Modifiers(Stays_Down, "C2", -1, {0, 10, 5, 0, -10});
+    Expect_Modifiers(Stays_Down, "MORALE", 0, {10, 5, 0, -5, -10});
+    Expect_Modifiers(Stays_Down, "TERTYPE", 0, {0 + 5, 0 - 5, -10 + 10, 0 - 15, -10 + 5, 10 + 10});
+    Expect_Modifiers(Stays_Down, "TERTYPE", 7, {10 + 10});
+    Expect_Modifiers(Stays_Down, "TERTYPE", 10, {0 + 10, 10 - 10, 10 + 10});
+    Expect_Modifiers(Stays_Down, "TERTYPE", 18, {10 + 10});
+    Expect_Modifiers(Stays_Down, "TERTYPE", 20, {0 + 10, -15 + 10});
+    Expect_Modifiers(Stays_Down, "TERTYPE", 27, {-15 + 10});
 }
 
 TEST(SuppressionTest, ExactlyFiftyNeitherLiftsNorSuppresses)
 {
     Board board(20, 20);
     const int u = board.Place(BLUE, 55, 55);
-    UNIT[u].C2 = 2;
-    UNIT[u].TERTYPE = 6;
+    Give(UNIT[u], "C2 2, TERTYPE 6");
     const auto after = [&](int suppressed, int mode, int chance) {
         UNIT[u].SUPPRESSED = suppressed;
         Roll_Next(50);
@@ -358,20 +318,13 @@ TEST(SuppressionTest, ExactlyFourSendsGroundUnitsToEarth)
     UNIT[flyer].MOBILITY = 3;
     for (const int unit : {u, flyer}) {
         Add_Move_Node(unit, Next_Free_Node(unit), 155, 55);
-        UNIT[unit].MISSION = "Attack";
-        UNIT[unit].SUPPRESSED = 4;
-        UNIT[unit].LX = 9;
+        Give(UNIT[unit], "MISSION Attack, SUPPRESSED 4, LX 9");
         Roll_Next(95);
         Suppression_Test(unit, 1, 0);   // does not recover
     }
-    EXPECT_EQ(UNIT[u].NUMBER_OF_NODES, 0);
-    EXPECT_EQ(UNIT[u].TACOPN, 1);
-    EXPECT_EQ(UNIT[u].MISSION, "Hasty Defense");
-    EXPECT_EQ(UNIT[u].LX, 0);
-    EXPECT_EQ(UNIT[flyer].NUMBER_OF_NODES, 1);
-    EXPECT_EQ(UNIT[flyer].MISSION, "Attack");
-    UNIT[u].MISSION = "Attack";
-    UNIT[u].SUPPRESSED = 5;
+    EXPECT_TRUE(Has(UNIT[u], "NUMBER_OF_NODES 0, TACOPN 1, MISSION Hasty Defense, LX 0"));
+    EXPECT_TRUE(Has(UNIT[flyer], "NUMBER_OF_NODES 1, MISSION Attack"));
+    Give(UNIT[u], "MISSION Attack, SUPPRESSED 5");
     Roll_Next(95);
     Suppression_Test(u, 1, 0);
     EXPECT_EQ(UNIT[u].MISSION, "Attack");   // above four it does not

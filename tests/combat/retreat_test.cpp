@@ -2,6 +2,7 @@
 #include "combat/retreat.h"
 #include "manoeuvre/routes.h"
 #include "support/board.h"
+#include "support/cases.h"
 #include "support/log_lines.h"
 
 #include <gtest/gtest.h>
@@ -49,8 +50,7 @@ TEST(Retreat, SixStepsAreTheMostWhateverThePointsAllow)
     const Log_Lines log;
     Retreat_Unit(chase.U);
     EXPECT_EQ(chase.Cells_Gone(), 6);
-    EXPECT_EQ(chase.Unit().MOVEPOINTS2, 18);
-    EXPECT_EQ(chase.Unit().HEXNUM, 2);
+    EXPECT_TRUE(Has(UNIT[chase.U], "MOVEPOINTS2 18, HEXNUM 2"));
     EXPECT_EQ(chase.Unit().NUMBER_OF_NODES, 0);   // the route is given up
     EXPECT_EQ(chase.Unit().SPOTTED, 0);
     EXPECT_EQ(Messages(), std::vector<std::string>{"B1: We are retreating!"});
@@ -90,13 +90,7 @@ TEST(Retreat, OnlyEnemiesThatCanFightAreRunFromAndAllTogetherGiveTheDirection)
 
 TEST(Retreat, GroundEndsItAsItsKindSays)
 {
-    struct CASE {
-        const char* ROW;
-        int MOBILITY, CELLS;
-        const char* STATUS;   // nullptr: no word
-        int POINTS;
-    };
-    const CASE cases[] = {
+    const CASES<const char*, int, int, const char*, int> cases = {
         {"...~................", 2, 2, "B1 cannot retreat any further!", 0},   // column 7 back to 5
         {"...S................", 0, 2, "B1 cannot retreat any further!", 0},
         {"...=................", 2, 2, "B1 cannot retreat any further!", 0},   // not even over a bridge
@@ -105,15 +99,15 @@ TEST(Retreat, GroundEndsItAsItsKindSays)
         {"..###...............", 2, 6, nullptr, 24 - 3 * 1 - 3 * 2},
         {"222222..............", 2, 4, nullptr, 0},   // four of 5 points; the fifth is too dear
     };
-    for (const CASE& c : cases) {
-        Chase chase(c.ROW);
-        chase.Unit().MOBILITY = c.MOBILITY;
-        if (c.MOBILITY == 0) chase.Unit().MOVEPOINTS = 6;
+    for (const auto& [row, mobility, cells, status, points] : cases) {
+        Chase chase(row);
+        chase.Unit().MOBILITY = mobility;
+        if (mobility == 0) chase.Unit().MOVEPOINTS = 6;
         Retreat_Unit(chase.U);
-        EXPECT_EQ(chase.Cells_Gone(), c.CELLS) << c.ROW;
-        EXPECT_EQ(chase.Unit().MOVEPOINTS2, c.POINTS) << c.ROW;
-        EXPECT_EQ(chase.BOARD.SCREEN.Count("status", "cannot retreat any further!"), c.STATUS != nullptr ? 1 : 0)
-            << c.ROW;
+        EXPECT_EQ(chase.Cells_Gone(), cells) << row;
+        EXPECT_EQ(chase.Unit().MOVEPOINTS2, points) << row;
+        EXPECT_EQ(chase.BOARD.SCREEN.Count("status", "cannot retreat any further!"), status != nullptr ? 1 : 0)
+            << row;
     }
 }
 
@@ -124,13 +118,11 @@ TEST(Retreat, OnlyBlueMeetsWhatWaitsOnTheWayOrUnderAScreen)
             Board board(40, 3);
             const int u = board.Place(side, 205, 15);
             UNIT[board.Place(3 - side, 225, 15)].STATUS = screens ? 0 : 2;
-            PP[1].PPTYPE = 1;
-            PP[1].PPTRIGGER = 2;
+            Give(PP[1], "PPTYPE 1, PPTRIGGER 2");
             PP[1].PPX = 175;   // 30 pixels west, met within 40 / 2 + 8: after a step, or under a screen's left end
             PP[1].PPY = 15;
             UNIT[u].TACOPN = screens ? 3 : 0;
-            UNIT[u].LX = 150;
-            UNIT[u].LY = 15;
+            Give(UNIT[u], "LX 150, LY 15");
             if (screens)
                 Engage_Unit(u, 1);
             else
@@ -157,15 +149,13 @@ TEST(Retreat, ScreenEndsGrowByTheNewPlaceAndAreNothingWhereTheyDoNotFit)
 {
     Chase chase("....................");
     chase.Unit().LX = 32700;   // 65 steps of it fit no field
-    chase.Unit().LY = 5;
-    chase.Unit().MOVEPOINTS = 1;
+    Give(UNIT[chase.U], "LY 5, MOVEPOINTS 1");
     Retreat_Unit(chase.U);
     EXPECT_EQ(chase.Cells_Gone(), 1);
     EXPECT_EQ(chase.Unit().LX, 32700 + 55);
     chase.Unit().LX = 32720;
     Retreat_Unit(chase.U);
-    EXPECT_EQ(chase.Unit().X, 45);
-    EXPECT_EQ(chase.Unit().LX, 32765);
+    EXPECT_TRUE(Has(UNIT[chase.U], "X 45, LX 32765"));
     chase.Unit().LX = 32760;
     UNIT[chase.E].X = 65;
     Retreat_Unit(chase.U);
@@ -181,17 +171,13 @@ TEST(Retreat, AScreenCountsAnEnemyAtEachOfItsPointsAndKeepsItsRoute)
     const int u = board.Place(BLUE, 305, 305), e = board.Place(RED, 325, 305), west = board.Place(RED, 265, 305);
     UNIT[u].TACOPN = 3;
     Add_Move_Node(u, Next_Free_Node(u), 405, 305);
-    UNIT[u].LX = 325;
-    UNIT[u].LY = 300;
-    UNIT[u].RX = 325;
-    UNIT[u].RY = 310;
+    Give(UNIT[u], "LX 325, LY 300, RX 325, RY 310");
     UNIT[e].FOOTPRINT = UNIT[west].FOOTPRINT = UNIT[u].FOOTPRINT = 45;
     UNIT[e].ROE = UNIT[west].ROE = 1;
     // Three times (-20, 0) for the enemy in the east, once (40, 0) for the one in the west: (-20, 0).
     UNIT[u].MOVEPOINTS = 1;
     Retreat_Unit(u);
-    EXPECT_EQ(UNIT[u].X, 295);
-    EXPECT_EQ(UNIT[u].NUMBER_OF_NODES, 1);
+    EXPECT_TRUE(Has(UNIT[u], "X 295, NUMBER_OF_NODES 1"));
     EXPECT_EQ(UNIT[u].MOVECOST_TO_END, 11);   // eleven cells from where it is now
     EXPECT_EQ(UNIT[u].X1, 295);
 }
@@ -263,8 +249,7 @@ TEST(Surrender, TakesAttachmentsAndPassengerAndCountsPrisonersOnce)
         EXPECT_FLOAT_EQ(side == RED ? REPW : BEPW, 9);   // the attachments' power is in it
         EXPECT_EQ(side == RED ? BEPW : REPW, 0);
         EXPECT_EQ(Messages(), (std::vector<std::string>{Cat(name, " surrenders!"), Cat(other, " surrenders!")}));
-        EXPECT_EQ(SITREPLIST[2].X, 105);
-        EXPECT_EQ(SITREPLIST[2].SIDE, BOTH);
+        EXPECT_TRUE(Has(SITREPLIST[2], "X 105, SIDE BOTH"));
         for (const int unit : {u, attached, passenger, company}) EXPECT_EQ(UNIT[unit].STATUS, 0);
         ASSERT_EQ(board.SCREEN.DRAWINGS.size(), 1u);
         EXPECT_EQ(board.SCREEN.DRAWINGS[0].KIND, Draw::PRISONERS);
