@@ -3,6 +3,7 @@
 #include "core/game_state.h"
 #include "persist/game_file.h"
 #include "support/board.h"
+#include "support/numbers.h"
 #include "support/places.h"
 #include "support/scratch.h"
 
@@ -58,10 +59,7 @@ TEST_F(Build_Scenario, AnAttachedUnitLeavesTheMapAndItsParentTakesUpItsFigures)
     EXPECT_EQ(UNIT[301].RCP, 29.5f);
     EXPECT_EQ(UNIT[301].RCP2, 29.5f);
     EXPECT_EQ(UNIT[301].RSF2, 5.0f);
-    EXPECT_EQ(UNIT[301].BRIDGING, 1);
-    EXPECT_EQ(UNIT[302].PARENT_UNIT, 301);
-    EXPECT_EQ(UNIT[302].X, -500);
-    EXPECT_EQ(UNIT[302].Y, -2000);
+    EXPECT_EQ(Row(UNIT[301].BRIDGING, UNIT[302].PARENT_UNIT, UNIT[302].X, UNIT[302].Y), Row(1, 301, -500, -2000));
 }
 
 TEST_F(Build_Scenario, AHeadquartersIsGivenAStanceAndAnObjectiveForItsUnits)
@@ -69,9 +67,7 @@ TEST_F(Build_Scenario, AHeadquartersIsGivenAStanceAndAnObjectiveForItsUnits)
     const std::string text = "map 1\nobjective Halle 300 red\nforce blue\nunit CP \"CP (Bde)\" Weimar; action reserve; aim 1\n"
                              "unit A \"AR Co (M1A2)\" Weimar@1e; hq CP\nunit B \"AR Co (M1A2)\" Weimar@2e; hq CP; action defend\n";
     Build(text);
-    EXPECT_EQ(UNIT[2].AIACTION, 4);
-    EXPECT_EQ(UNIT[2].OBJ, 1);
-    EXPECT_EQ(UNIT[3].AIACTION, 3);
+    EXPECT_EQ(Row(UNIT[2].AIACTION, UNIT[2].OBJ, UNIT[3].AIACTION), Row(4, 1, 3));
     const COMMAND_RESULT made = Compile(text + "  aim 1\n");
     EXPECT_EQ(made.STATUS, 1);
     EXPECT_NE(made.PRINTED.find("small.txt:7: objective 1 cannot be given to B"), std::string::npos) << made.PRINTED;
@@ -99,29 +95,18 @@ TEST_F(Build_Scenario, MeasuresTargetsAndEventsFillTheirRowsAndTheirCounts)
           "event 1 Borna \"Ambush (Red)\"; icon 2.ico; effect 1; attrition 10; trigger 2; movement 2\n"
           "  message \"Fire from the wood\"\n"
           "force red\nloc Riesa\nunit Late \"TK Regt (T-80)\"; arrives 6 Grimma\n");
-    EXPECT_EQ(OBJ[1].OVALUE, 300);
-    EXPECT_EQ(OBJ[1].OID, RED);
-    EXPECT_EQ(P[1].PTYPE, 12);
-    EXPECT_EQ(P[2].PTYPE, 13);
-    EXPECT_EQ(P[2].PAGE, 2);
-    EXPECT_EQ(BNAI, 1);
-    EXPECT_EQ(BTAI, 1);
-    EXPECT_EQ(TG[1].TGTYPE, 5);
-    EXPECT_EQ(TG[1].TGTOT, 1002);
-    EXPECT_EQ(TG[1].TGRAPHIC, 2);
-    EXPECT_EQ(UNIT[1].FIREMISSION, 1);
-    EXPECT_EQ(TG[2].TGTYPE, 4);
-    EXPECT_EQ(TG[2].TGTOT, 3);
-    EXPECT_EQ(BTOTAL, 6);
+    EXPECT_EQ(Row(OBJ[1].OVALUE, OBJ[1].OID), Row(300, RED));
+    EXPECT_EQ(Row(P[1].PTYPE, P[2].PTYPE, P[2].PAGE), Row(12, 13, 2));
+    EXPECT_EQ(Row(BNAI, BTAI), Row(1, 1));
+    EXPECT_EQ(Row(TG[1].TGTYPE, TG[1].TGTOT, TG[1].TGRAPHIC), Row(5, 1002, 2));
+    EXPECT_EQ(Row(TG[2].TGTYPE, TG[2].TGTOT, BTOTAL, UNIT[1].FIREMISSION), Row(4, 3, 6, 1));
     EXPECT_EQ(BOBST, 2) << "a minefield fired and an obstacle laid";
     EXPECT_EQ(PP[1].PPSIDE, RED);
     EXPECT_EQ(PP[1].PPATRIGGER, "Any Blue Unit");
     EXPECT_EQ(PP[1].PPMSG, "Fire from the wood");
     EXPECT_EQ(UNIT[600].TYPE, 50);
     EXPECT_EQ(UNIT[600].X, OBJ[2].OX) << "the line of communication stands where it was placed";
-    EXPECT_EQ(UNIT[301].OFFMAP, 1);
-    EXPECT_EQ(UNIT[301].ATIME, 6);
-    EXPECT_EQ(UNIT[301].X, -1000);
+    EXPECT_EQ(Row(UNIT[301].OFFMAP, UNIT[301].ATIME, UNIT[301].X), Row(1, 6, -1000));
 }
 
 }   // namespace

@@ -77,51 +77,50 @@ TEST_F(Fires_Scenario, SEADComesBeforeGunsAndGunsBeforeAircraft)
     EXPECT_TRUE(SCREEN.Heard("status", "Supporting artillery fires on-call SEAD!"));
 }
 
-TEST_F(Fires_Scenario, GunsFireInEveryRole)
+TEST_F(Fires_Scenario, EveryKindOfFireIsTold)
 {
-    EXPECT_TRUE(SCREEN.Heard("status", " Shoots DS FA!"));
-    EXPECT_TRUE(SCREEN.Heard("post", " fires Counterfire!"));
-    EXPECT_TRUE(SCREEN.Heard("post", "INTREP: Enemy artillery has been located at "));
+    for (const char* text : {" fires Counterfire!",
+                             "INTREP: Enemy artillery has been located at ",
+                             "2/9 MRB: Breaching an obstacle!",   // the minefield that guns laid on its way
+                             " X Air Strike Sorties attack ",
+                             " X Bomber Sorties attack ",
+                             "SITREP: Found an alternate target! ",
+                             " Found No Targets and Returned to Base!",
+                             "fighters intercept",
+                             "SITREP: Air strike aborts due to interception!",
+                             "SITREP: ADA disrupts air strike!",
+                             "Air Strike BDA: ",
+                             "Bomber Mission BDA: ",
+                             "Bridge is destroyed!",
+                             "Air attack misses bridge!",
+                             "Attack occurred within an active TAI!",
+                             "Attack did not occur within an active TAI!",
+                             "are dropping mines!",
+                             " reports bridge is blown at ",
+                             "SPOTREP: Explosion detected at ",
+                             "A/1 Avn (NAI): Conducting ",
+                             "A/1 Avn (NAI): Out of ammunition!",
+                             "B/1 Avn (free) has landed.",
+                             "AH/10 (spent) is destroyed!",
+                             "ADA BDA: A/3 IN lost",
+                             "A/3 IN reports the air assault is complete!",
+                             "UAV 1 has landed."})
+        EXPECT_TRUE(SCREEN.Heard("post", text)) << text;
+    for (const char* text : {" Shoots DS FA!", "ADA WARNING: Theater ballistic missile is inbound!",
+                             "SITREP: ADA drives off interceptors!", "SITREP: Fighters evade ADA!",
+                             "C/2 Avn (lift) receives small arms fire from Picket"})
+        EXPECT_TRUE(SCREEN.Heard("status", text)) << text;
+    EXPECT_TRUE(SCREEN.Heard("status", "ADA destroys theater ballistic missile!") ||
+                SCREEN.Heard("status", "ADA misses theater ballistic missile!"));
     EXPECT_TRUE(
         Posted_In("Generating New Intelligence Picture", "Movement Phase", "Artillery Attack BDA:  2/9 MRB"))
         << "on opportunity, in a target area";
-    EXPECT_TRUE(SCREEN.Heard("post", "2/9 MRB: Breaching an obstacle!"))
-        << "the minefield that guns laid on its way";
-    EXPECT_TRUE(SCREEN.Heard("status", "ADA WARNING: Theater ballistic missile is inbound!"));
-    EXPECT_TRUE(SCREEN.Heard("status", "ADA destroys theater ballistic missile!") ||
-                SCREEN.Heard("status", "ADA misses theater ballistic missile!"));
 }
 
-TEST_F(Fires_Scenario, SortiesHuntFindAlternatesAreMetAndHitOrMiss)
-{
-    for (const char* text :
-         {" X Air Strike Sorties attack ", " X Bomber Sorties attack ", "SITREP: Found an alternate target! ",
-          " Found No Targets and Returned to Base!", "fighters intercept",
-          "SITREP: Air strike aborts due to interception!", "SITREP: ADA disrupts air strike!",
-          "Air Strike BDA: ", "Bomber Mission BDA: ", "Bridge is destroyed!", "Air attack misses bridge!",
-          "Attack occurred within an active TAI!", "Attack did not occur within an active TAI!",
-          "are dropping mines!", " reports bridge is blown at ", "SPOTREP: Explosion detected at "})
-        EXPECT_TRUE(SCREEN.Heard("post", text)) << text;
-    EXPECT_TRUE(SCREEN.Heard("status", "SITREP: ADA drives off interceptors!"));
-    EXPECT_TRUE(SCREEN.Heard("status", "SITREP: Fighters evade ADA!"));
-}
-
-TEST_F(Fires_Scenario, HelicoptersWaitHuntRunDryAndComeHomeOrDoNot)
+TEST_F(Fires_Scenario, HelicoptersThatWaitedAreHomeTheSpentOneIsGoneAndTheUAVComesThrough)
 {
     EXPECT_EQ(WAITING, 7);
-    EXPECT_TRUE(SCREEN.Heard("post", "A/1 Avn (NAI): Conducting "));
-    EXPECT_TRUE(SCREEN.Heard("post", "A/1 Avn (NAI): Out of ammunition!"));
-    EXPECT_TRUE(SCREEN.Heard("post", "B/1 Avn (free) has landed."));
-    EXPECT_TRUE(SCREEN.Heard("post", "AH/10 (spent) is destroyed!"));
-    EXPECT_EQ(Row_Of("AH/10 (spent)"), 0);
     EXPECT_EQ(UNIT[Row_Of("A/1 Avn (NAI)")].MOVESTATUS, 0);
-}
-
-TEST_F(Fires_Scenario, TheLiftUnitSetsItsInfantryDownUnderFireAndTheUAVComesThrough)
-{
-    EXPECT_TRUE(SCREEN.Heard("status", "C/2 Avn (lift) receives small arms fire from Picket"));
-    EXPECT_TRUE(SCREEN.Heard("post", "ADA BDA: A/3 IN lost"));
-    EXPECT_TRUE(SCREEN.Heard("post", "A/3 IN reports the air assault is complete!"));
-    EXPECT_TRUE(SCREEN.Heard("post", "UAV 1 has landed."));
+    EXPECT_EQ(Row_Of("AH/10 (spent)"), 0);
     EXPECT_GT(Row_Of("UAV 1"), 0);
 }
