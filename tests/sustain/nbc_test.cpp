@@ -34,12 +34,11 @@ struct Field {
 };
 
 /// Loss of a fresh unit of 100 points to an agent, with one state changed.
-template <class Change>
-float Loss(int type, Change&& change)
+float Loss(int type, std::string_view state)
 {
     Field f;
     const int u = f.Unit_At(200, 200);
-    change(UNIT[u]);
+    Give(UNIT[u], state);
     NBC_Loss(u, type);
     return BNBCL;
 }
@@ -53,8 +52,7 @@ TEST(NBC, AStrikeMakesOneRowForTheTurnsItLasts)
     f.Strike(11, 105, 205);
     f.Strike(21, 305, 205, BLUE);
     EXPECT_TRUE(Has(NBC[1], "NBCTYPE 11, NBCSTIME 4, NBCSIDE RED, NBCVISIBLE 1, NBCORDER 1"));
-    EXPECT_EQ(NBC[1].NBCSIZE, 20);            // two kilometres
-    EXPECT_EQ(NBC[1].NBCHEX, 10 * 40 + 21);   // column 11, row 21
+    EXPECT_TRUE(Has(NBC[1], "NBCSIZE 20, NBCHEX 421"));   // two kilometres; column 11, row 21: 10 x 40 + 21
     EXPECT_TRUE(Has(NBC[2], "NBCSTIME 15, NBCSIDE BLUE"));
     Board small(10, 10, 9);
     TG[5].TGTYPE = 11;
@@ -80,45 +78,33 @@ TEST(NBC, AgentsReachHalfTheirWidthAndHalfTheFootprint)
     EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
 }
 
-TEST(NBC, ProtectionSavesNineTenthsFromACloudAndThreeQuartersFromAPersistentAgent)
-{
-    const auto mopp = [](int level) { return [level](UNIT_RECORD& u) { u.MOPP = level; }; };
-    EXPECT_FLOAT_EQ(Loss(11, mopp(0)), 5.0f);
-    EXPECT_FLOAT_EQ(Loss(11, mopp(2)), 5.0f);
-    EXPECT_FLOAT_EQ(Loss(11, mopp(3)), 0.5f);
-    EXPECT_FLOAT_EQ(Loss(11, mopp(4)), 0.5f);
-    EXPECT_FLOAT_EQ(Loss(21, mopp(0)), 10.0f);
-    EXPECT_FLOAT_EQ(Loss(21, mopp(4)), 2.5f);
-}
-
 TEST(NBC, EachStateOfTheUnitHasItsFactor)
 {
     // 100 x 0.1 x footprint 0.5 = 5, times the factor of the state.
-    const float morale[] = {6.5f, 6.0f, 5.0f, 4.5f, 4.0f};
-    for (int m = 0; m <= 4; ++m) EXPECT_FLOAT_EQ(Loss(11, [m](UNIT_RECORD& u) { u.MORALE = m; }), morale[m]) << m;
     struct CASE {
-        int VALUE;
+        const char* STATE;
         float LOSS;
     };
-    for (const CASE c :
-         {CASE{1, 4.5f}, CASE{2, 5.0f}, CASE{15, 5.0f}, CASE{16, 5.5f}, CASE{21, 5.5f}, CASE{22, 6.5f}})
-        EXPECT_FLOAT_EQ(Loss(11, [c](UNIT_RECORD& u) { u.FATIGUE = c.VALUE; }), c.LOSS) << c.VALUE;
-    for (const CASE c : {CASE{0, 5.0f}, CASE{1, 4.5f}, CASE{2, 4.0f}, CASE{3, 6.0f}, CASE{4, 4.0f}, CASE{5, 6.0f},
-                         CASE{6, 4.0f}, CASE{7, 6.0f}, CASE{10, 5.0f}, CASE{11, 7.0f}, CASE{18, 7.0f},
-                         CASE{21, 2.5f}, CASE{27, 2.5f}, CASE{31, 5.0f}})
-        EXPECT_FLOAT_EQ(Loss(11, [c](UNIT_RECORD& u) { u.TERTYPE = c.VALUE; }), c.LOSS) << c.VALUE;
-    struct WIDTH {
-        float FOOTPRINT, LOSS;
+    // clang-format off
+    const CASE cases[] = {
+        {"MORALE 0", 6.5f}, {"MORALE 1", 6.0f}, {"MORALE 2", 5.0f}, {"MORALE 3", 4.5f}, {"MORALE 4", 4.0f},
+        {"FATIGUE 1", 4.5f}, {"FATIGUE 2", 5.0f}, {"FATIGUE 15", 5.0f}, {"FATIGUE 16", 5.5f}, {"FATIGUE 21", 5.5f},
+        {"FATIGUE 22", 6.5f},
+        {"TERTYPE 0", 5.0f}, {"TERTYPE 1", 4.5f}, {"TERTYPE 2", 4.0f}, {"TERTYPE 3", 6.0f}, {"TERTYPE 4", 4.0f},
+        {"TERTYPE 5", 6.0f}, {"TERTYPE 6", 4.0f}, {"TERTYPE 7", 6.0f}, {"TERTYPE 10", 5.0f}, {"TERTYPE 11", 7.0f},
+        {"TERTYPE 18", 7.0f}, {"TERTYPE 21", 2.5f}, {"TERTYPE 27", 2.5f}, {"TERTYPE 31", 5.0f},
+        {"FOOTPRINT 0", 10}, {"FOOTPRINT 2", 10}, {"FOOTPRINT 2.5", 5}, {"FOOTPRINT 3", 8}, {"FOOTPRINT 5", 8},
+        {"FOOTPRINT 5.5", 5},
+        // At least a hundredth, and never more than the unit has.
+        {"RCP2 0.1", 0.01f}, {"RCP2 0.005", 0.005f}, {"RCP2 0", 0},
+        // Protection saves nine tenths from a cloud.
+        {"MOPP 2", 5}, {"MOPP 3", 0.5f}, {"MOPP 4", 0.5f},
     };
-    for (const WIDTH w : {WIDTH{0, 10}, WIDTH{2, 10}, WIDTH{2.5f, 5}, WIDTH{3, 8}, WIDTH{5, 8}, WIDTH{5.5f, 5}})
-        EXPECT_FLOAT_EQ(Loss(11, [w](UNIT_RECORD& u) { u.FOOTPRINT = w.FOOTPRINT; }), w.LOSS) << w.FOOTPRINT;
-}
-
-TEST(NBC, ALossIsAtLeastAHundredthAndNeverMoreThanTheUnitHas)
-{
-    EXPECT_FLOAT_EQ(Loss(11, [](UNIT_RECORD& u) { u.RCP2 = 0.1f; }), 0.01f);   // 0.1 x 0.1 x 0.5 is less
-    EXPECT_FLOAT_EQ(Loss(11, [](UNIT_RECORD& u) { u.RCP2 = 0.005f; }), 0.005f);
-    EXPECT_FLOAT_EQ(Loss(11, [](UNIT_RECORD& u) { u.RCP2 = 0; }), 0.0f);
+    // clang-format on
+    for (const CASE& c : cases) EXPECT_FLOAT_EQ(Loss(11, c.STATE), c.LOSS) << c.STATE;
+    // Of a persistent agent twice as much, and protection saves three quarters.
+    EXPECT_FLOAT_EQ(Loss(21, "MOPP 0"), 10.0f);
+    EXPECT_FLOAT_EQ(Loss(21, "MOPP 4"), 2.5f);
 }
 
 TEST(NBC, APersistentAgentClosesItsGroundForTwelveTurns)
@@ -147,13 +133,13 @@ TEST(NBC, ACloudDriftsDownWindAndWidensAtItsFourDrifts)
     WINDD = 7;   // from the north-west: 10 x 1.5 pixels east and south at a drift
     f.Strike(11, 100, 100);
     const int on_the_way = f.Unit_At(160, 160);
-    const int x[] = {115, 130, 145, 160}, size[] = {20, 30, 60, 150};   // 20 x 2/2, x 3/2, x 4/2, x 5/2
+    // 20 x 2/2, x 3/2, x 4/2, x 5/2
+    const char* after[] = {
+        "NBCX 115, NBCY 115, NBCSIZE 20, NBCORDER 2", "NBCX 130, NBCY 130, NBCSIZE 30, NBCORDER 3",
+        "NBCX 145, NBCY 145, NBCSIZE 60, NBCORDER 4", "NBCX 160, NBCY 160, NBCSIZE 150, NBCORDER 5"};
     for (int drift = 0; drift < 4; ++drift) {
         NBC_Drift(1);
-        EXPECT_EQ(NBC[1].NBCX, x[drift]);
-        EXPECT_EQ(NBC[1].NBCY, x[drift]);
-        EXPECT_EQ(NBC[1].NBCSIZE, size[drift]);
-        EXPECT_EQ(NBC[1].NBCORDER, drift + 2);
+        EXPECT_TRUE(Has(NBC[1], after[drift]));
         // At the third drift the unit is 21 pixels off the centre of a cloud 60 wide.
         EXPECT_EQ(UNIT[on_the_way].MOPP, drift < 2 ? 0 : 4) << drift;
     }
@@ -210,13 +196,12 @@ TEST(Smoke, AGeneratorLaysALineOfFourGrowingPatches)
     WINDD = 6;   // from the west
     const int u = f.Unit_At(100, 200);
     Lay_Smoke(u);
-    const int x[] = {100, 115, 130, 145}, size[] = {20, 30, 40, 50};   // 20 x 2/2, 3/2, 4/2, 5/2
+    // 20 x 2/2, 3/2, 4/2, 5/2
+    const char* patches[] = {"NBCX 100, NBCSIZE 20", "NBCX 115, NBCSIZE 30", "NBCX 130, NBCSIZE 40",
+                             "NBCX 145, NBCSIZE 50"};
     for (int k = 0; k < 4; ++k) {
-        EXPECT_EQ(NBC[k + 1].NBCTYPE, 20);
-        EXPECT_EQ(NBC[k + 1].NBCX, x[k]);
-        EXPECT_EQ(NBC[k + 1].NBCY, 200);
-        EXPECT_EQ(NBC[k + 1].NBCSIZE, size[k]);
-        EXPECT_TRUE(Has(NBC[k + 1], "NBCSIDE BLUE, NBCVISIBLE 0"));
+        EXPECT_TRUE(Has(NBC[k + 1], patches[k]));
+        EXPECT_TRUE(Has(NBC[k + 1], "NBCTYPE 20, NBCY 200, NBCSIDE BLUE, NBCVISIBLE 0"));
     }
     EXPECT_EQ(NBC[5].NBCTYPE, 0);
     EXPECT_TRUE(Has(UNIT[u], "OBSCURED 1, MOPP 0"));   // MOPP: smoke is no agent
@@ -243,16 +228,15 @@ TEST(Smoke, ObscuresToHalfItsWidthAndTenPixelsMore)
 TEST(Smoke, LastsATurnAndComesFromSuppliedGeneratorsThatAreSwitchedOn)
 {
     struct CASE {
-        int TYPE, STATUS, LOGSTATN, SMOKE;
+        const char* STATE;
         bool LAYS;
     };
-    for (const CASE& c : {CASE{22, 2, 50, 1, true}, CASE{22, 2, 0, 1, false}, CASE{22, 2, 50, 0, false},
-                          CASE{5, 2, 50, 1, false}}) {
+    for (const CASE& c :
+         {CASE{"TYPE 22, LOGSTATN 50, SMOKE 1", true}, CASE{"TYPE 22, LOGSTATN 0, SMOKE 1", false},
+          CASE{"TYPE 22, LOGSTATN 50, SMOKE 0", false}, CASE{"TYPE 5, LOGSTATN 50, SMOKE 1", false}}) {
         Field f;
         const int u = f.Unit_At(100, 200);
-        UNIT[u].TYPE = c.TYPE;
-        UNIT[u].LOGSTATN = c.LOGSTATN;
-        UNIT[u].SMOKE = c.SMOKE;
+        Give(UNIT[u], c.STATE);
         Give(NBC[7], "NBCTYPE 20, NBCX 300");   // NBCTYPE: last turn's
         Reset_Units();
         EXPECT_EQ(NBC[7].NBCTYPE, 0);

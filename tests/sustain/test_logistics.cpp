@@ -43,12 +43,10 @@ TEST(Logistics, AnAutomaticConvoyLeavesBelow75PercentFromTurn2)
     Auto_Logistics(BLUE);
     const UNIT_RECORD& convoy = UNIT[3];
     EXPECT_TRUE(Has(convoy, "STATUS 2, NAME CONVOY #3, SIZE 100"));
+    EXPECT_TRUE(Has(convoy, "LSF2 3, X 55, OX1 555"));   // LSF2: 4 - 1
     EXPECT_EQ(convoy.CONVOYD, board.customer);
-    EXPECT_EQ(convoy.LSF2, 3.0f);   // 4 - 1
-    EXPECT_EQ(UNIT[board.depot].LSF2, 97.0f);
-    EXPECT_EQ(convoy.X, 55);
     EXPECT_EQ(convoy.HEXNUM, UNIT[board.depot].HEXNUM);
-    EXPECT_EQ(convoy.OX1, 555);
+    EXPECT_EQ(UNIT[board.depot].LSF2, 97.0f);
     Auto_Logistics(BLUE);
     EXPECT_EQ(UNIT[4].STATUS, 0);   // one is on its way
     EXPECT_TRUE(board.SCREEN.Heard("phase", "Blue Logistics Planning Phase"));
@@ -99,33 +97,30 @@ TEST(Logistics, AConvoyDeliversWithinFiveKilometresAndCostsTheCustomerHalfItsMov
     Logistics_Phase();
     EXPECT_EQ(UNIT[row].STATUS, 0);
     EXPECT_GT(UNIT[board.customer].LOGSTATN, 95);
-    EXPECT_EQ(UNIT[board.customer].MOVEPOINTS2, 2);   // 2.5, halves to even
+    EXPECT_TRUE(Has(UNIT[board.customer], "MOVEPOINTS2 2, LOGD 50"));   // MOVEPOINTS2: 2.5, halves to even
     EXPECT_TRUE(Posted("B2: Resupply is complete!"));
-    EXPECT_EQ(UNIT[board.customer].LOGD, 50);
 }
 
 TEST(Logistics, AConvoyForADepotPaysOutIntoItsStock)
 {
-    Supply_Board board;
-    const int forward = board.Place(BLUE, 555, 155, 13);
-    Give(UNIT[forward], "LSF 100, LSF2 10.4");
-    UNIT[forward].LOGUNIT = board.depot;
-    const int row = Build_Convoy(BLUE, forward, 40);
-    Place_Unit(row, 555, 150);
-    Logistics_Phase();
-    EXPECT_TRUE(Has(UNIT[forward], "LSF2 50, LOGSTATN 50"));   // LSF2: 50.4 rounded
-}
-
-TEST(Logistics, ADepotThatWasOverdrawnStandsAtNothingNotBelow)
-{
-    Supply_Board board;
-    const int forward = board.Place(BLUE, 555, 155, 13);
-    Give(UNIT[forward], "LSF 10, LSF2 -1");   // LSF2: it gave all it had and one more
-    UNIT[forward].LOGUNIT = board.depot;
-    const int row = Build_Convoy(BLUE, forward, 0);
-    Place_Unit(row, 555, 150);
-    Logistics_Phase();
-    EXPECT_TRUE(Has(UNIT[forward], "LOGSTATN 0, LSF2 -1"));
+    struct CASE {
+        const char* BEFORE;
+        int LOAD;
+        const char* AFTER;
+    };
+    for (const CASE& c :
+         {CASE{"LSF 100, LSF2 10.4", 40,
+               "LSF2 50, LOGSTATN 50"},   // 50.4 rounded
+                                          // It gave all it had and one more, and stands at nothing, not below.
+          CASE{"LSF 10, LSF2 -1", 0, "LSF2 -1, LOGSTATN 0"}}) {
+        Supply_Board board;
+        const int forward = board.Place(BLUE, 555, 155, 13);
+        Give(UNIT[forward], c.BEFORE);
+        UNIT[forward].LOGUNIT = board.depot;
+        Place_Unit(Build_Convoy(BLUE, forward, c.LOAD), 555, 150);
+        Logistics_Phase();
+        EXPECT_TRUE(Has(UNIT[forward], c.AFTER)) << c.BEFORE;
+    }
 }
 
 TEST(Logistics, AConvoyWithoutACustomerSaysSoAndIsSentToADepot)
@@ -145,11 +140,10 @@ TEST(Logistics, AConvoyThatLostItsLoadOrItsTrucksDoesNotStarveItsCustomer)
 {
     Supply_Board board;
     const int row = Build_Convoy(BLUE, board.customer, 3);
-    Give(UNIT[row], "LSF2 0, LOGSTATN 0");   // LSF2: shot up: a loss of 0.01 is 5 points of stock
-    UNIT[row].MOVESTATUS = 2;
+    Give(UNIT[row], "LSF2 0, LOGSTATN 0, MOVESTATUS 2");   // shot up: a loss of 0.01 is 5 points of stock
     Logistics_Phase();
-    EXPECT_EQ(UNIT[row].MOVESTATUS, 2);   // halted, it would stand for ever, and no other would come
-    EXPECT_EQ(UNIT[row].TACOPN, 4);
+    // Halted, it would stand for ever, and no other would come.
+    EXPECT_TRUE(Has(UNIT[row], "MOVESTATUS 2, TACOPN 4"));
     EXPECT_FALSE(Posted("CONVOY #3: Out of Supply - Operations Halted!"));
     UNIT[board.customer].LOGSTATN = 25;
     EXPECT_FALSE(Convoy_Is_Due(board.customer));
@@ -163,36 +157,29 @@ TEST(Logistics, AConvoyThatLostItsLoadOrItsTrucksDoesNotStarveItsCustomer)
 
 TEST(Logistics, AtTenPercentAUnitHaltsAndAtElevenItOnlyAsks)
 {
-    Supply_Board board;
-    const int a = board.Place(BLUE, 255, 55), b = board.Place(BLUE, 355, 55), c = board.Place(BLUE, 455, 55);
-    for (const int u : {a, b, c}) {
-        Give(UNIT[u], "SIZE 0, MOVESTATUS 2");   // SIZE: consumes nothing
+    struct CASE {
+        int TYPE;
+        const char *BEFORE, *AFTER, *TOLD;
+    };
+    // A squad consumes nothing.
+    const CASE cases[] = {
+        {5, "SIZE 0, MOVESTATUS 2, LOGSTATN 11", "MOVESTATUS 2, TACOPN 0", "B3:  Request CSS resupply ASAP!"},
+        {5, "SIZE 0, MOVESTATUS 2, LOGSTATN 10", "MOVESTATUS 1, TACOPN 1",
+         "B3: Out of Supply - Operations Halted!"},
+        {5, "SIZE 0, MOVESTATUS 1, LOGSTATN 10", "MOVESTATUS 0", ""},
+        {5, "SIZE 0, MOVESTATUS 6, LOGSTATN 0", "MOVESTATUS 6", ""},   // a waiting retreat route stays
+        {11, "MOBILITY 3, SIZE 100, STATUS 1, LOGSTATN 11, MOVESTATUS 9, TIMERM 30", "MOVESTATUS 9", ""},
+        {11, "MOBILITY 3, SIZE 100, STATUS 1, LOGSTATN 10, MOVESTATUS 9, TIMERM 30", "MOVESTATUS 0, TIMERM 0",
+         "B3: Landing now due to lack of fuel!"},
+    };
+    for (const CASE& c : cases) {
+        Supply_Board board;
+        const int u = board.Place(BLUE, 255, 55, c.TYPE);
+        Give(UNIT[u], c.BEFORE);
+        Logistics_Phase();
+        EXPECT_TRUE(Has(UNIT[u], c.AFTER)) << c.BEFORE;
+        EXPECT_TRUE(*c.TOLD == 0 || Posted(c.TOLD)) << c.TOLD;
     }
-    UNIT[a].LOGSTATN = 10;
-    UNIT[b].LOGSTATN = 11;
-    Give(UNIT[c], "LOGSTATN 0, MOVESTATUS 6");
-    Logistics_Phase();
-    EXPECT_TRUE(Has(UNIT[a], "MOVESTATUS 1, TACOPN 1"));
-    EXPECT_TRUE(Posted("B3: Out of Supply - Operations Halted!"));
-    EXPECT_EQ(UNIT[b].MOVESTATUS, 2);
-    EXPECT_TRUE(Posted("B4:  Request CSS resupply ASAP!"));
-    EXPECT_EQ(UNIT[c].MOVESTATUS, 6);   // a waiting retreat route stays
-    UNIT[a].MOVESTATUS = 1;
-    Logistics_Phase();
-    EXPECT_EQ(UNIT[a].MOVESTATUS, 0);
-}
-
-TEST(Logistics, AnAircraftOutOfSupplyLosesItsFlight)
-{
-    Supply_Board board;
-    const int u = board.Place(BLUE, 255, 55, 11);
-    Give(UNIT[u], "MOBILITY 3, SIZE 100, STATUS 1, LOGSTATN 11, MOVESTATUS 9, TIMERM 30");
-    Logistics_Phase();
-    EXPECT_EQ(UNIT[u].MOVESTATUS, 9);
-    UNIT[u].LOGSTATN = 10;
-    Logistics_Phase();
-    EXPECT_TRUE(Has(UNIT[u], "MOVESTATUS 0, TIMERM 0"));
-    EXPECT_TRUE(Posted("B3: Landing now due to lack of fuel!"));
 }
 
 TEST(Logistics, AReplacementMergesAUnitWithEverythingItHolds)
@@ -200,8 +187,7 @@ TEST(Logistics, AReplacementMergesAUnitWithEverythingItHolds)
     Supply_Board board;
     const int u = board.Place(BLUE, 255, 55, 5, 4.0f), t = board.Place(BLUE, 314, 55, 5, 10.0f);   // 5 km
     UNIT[t].RCP2 = 3.5f;
-    UNIT[u].WSRO = t;
-    UNIT[u].BRIDGING = 1;
+    Give(UNIT[u], Cat("BRIDGING 1, WSRO ", To_Text(t)));
     WSRO_Phase();
     EXPECT_EQ(UNIT[u].STATUS, 0);
     EXPECT_TRUE(Has(UNIT[t], "RCP2 7.5, STRENGTH 75, RSF 6, BRIDGING 1"));
@@ -253,10 +239,8 @@ TEST(Arrivals, AUnitComesOnTheMapOnItsTurnOnly)
     EXPECT_EQ(UNIT[u].OFFMAP, 1);
     GTURN = 3;
     Reinforcements_Phase();
-    EXPECT_TRUE(Has(UNIT[u], "OFFMAP 0, X 205"));
-    EXPECT_EQ(UNIT[u].HEXNUM, 20 * 30 + 11);
+    EXPECT_TRUE(Has(UNIT[u], "OFFMAP 0, X 205, HEXNUM 611, ATIME 0"));   // HEXNUM: 20 x 30 + 11
     EXPECT_TRUE(Posted("New unit arrives: R301"));
-    EXPECT_EQ(UNIT[u].ATIME, 0);
 }
 
 TEST(Arrivals, LinesOfCommunicationAreMadeOncePerSideAndKeepTheirPlace)
@@ -268,8 +252,7 @@ TEST(Arrivals, LinesOfCommunicationAreMadeOncePerSideAndKeepTheirPlace)
     Place_Unit(300, 155, 155);
     Give(UNIT[300], "RCP2 0.2, NATION U.S.");
     LOC_Phase();
-    EXPECT_TRUE(Has(UNIT[300], "X 155, RCP2 1"));
-    EXPECT_EQ(UNIT[300].NATION, "");
+    EXPECT_TRUE(Has(UNIT[300], "X 155, RCP2 1, NATION "));
     Remove_Unit(600);
     LOC_Phase();
     EXPECT_EQ(UNIT[600].TYPE, 50);

@@ -13,13 +13,14 @@ using namespace sm::test;
 namespace {
 
 /// What an activity takes of a load of 100 points.
-float Taken(int activity, int mobility, int movestatus)
+float Taken(int activity, int mobility, int movestatus, int turn_length = 0)
 {
     Board board(5, 5);
     const int u = board.Place(BLUE, 15, 15);
     UNIT[u].RSF = UNIT[u].RSF2 = 100;
     UNIT[u].MOBILITY = mobility;
     UNIT[u].MOVESTATUS = movestatus;
+    TurnLength = turn_length;
     Consume_Supply(u, activity);
     return 100 - UNIT[u].RSF2;
 }
@@ -29,41 +30,22 @@ float Taken(int activity, int mobility, int movestatus)
 TEST(Supply, EachActivityTakesHalfItsShareOfTheFullLoad)
 {
     struct CASE {
-        int ACTIVITY, MOBILITY, MOVESTATUS;
+        int ACTIVITY, MOBILITY, MOVESTATUS, TURN_LENGTH;
         float TAKEN;
     };
-    for (const CASE& c : {CASE{1, 0, 0, 1.0f},
-                          {1, 0, 1, 1.5f},
-                          {1, 0, 2, 1.5f},
-                          {1, 0, 5, 1.0f},
-                          {1, 1, 0, 2.0f},
-                          {1, 2, 2, 3.0f},
-                          {1, 2, 6, 2.0f},
-                          {1, 3, 7, 0.0f},
-                          {1, 3, 8, 50.0f},
-                          {1, 10, 0, 0.0f},
-                          {2, 2, 2, 2.5f},
-                          {3, 0, 0, 2.5f},
-                          {4, 2, 0, 5.0f},
-                          {5, 2, 0, 0.0f}})
-        EXPECT_NEAR(Taken(c.ACTIVITY, c.MOBILITY, c.MOVESTATUS), c.TAKEN, 1e-5f)
-            << c.ACTIVITY << " " << c.MOBILITY;
-}
-
-TEST(Supply, AShorterTurnMovesLessButFiresAsMuch)
-{
-    const auto taken = [](int activity, int turn_length) {
-        Board board(5, 5);
-        const int u = board.Place(BLUE, 15, 15);
-        UNIT[u].RSF = UNIT[u].RSF2 = 100;
-        UNIT[u].MOVESTATUS = 2;
-        TurnLength = turn_length;
-        Consume_Supply(u, activity);
-        return 100 - UNIT[u].RSF2;
+    // clang-format off
+    const CASE cases[] = {
+        {1, 0, 0, 0, 1.0f}, {1, 0, 1, 0, 1.5f}, {1, 0, 2, 0, 1.5f}, {1, 0, 5, 0, 1.0f},
+        {1, 1, 0, 0, 2.0f}, {1, 2, 2, 0, 3.0f}, {1, 2, 6, 0, 2.0f},
+        {1, 3, 7, 0, 0.0f}, {1, 3, 8, 0, 50.0f}, {1, 10, 0, 0, 0.0f},
+        {2, 2, 2, 0, 2.5f}, {3, 0, 0, 0, 2.5f}, {4, 2, 0, 0, 5.0f}, {5, 2, 0, 0, 0.0f},
+        // In a shorter turn it moves less, but fires as much.
+        {1, 2, 2, 1, 1.5f}, {1, 2, 2, 2, 0.375f}, {4, 2, 2, 2, 5.0f},
     };
-    EXPECT_NEAR(taken(1, 1), 1.5f, 1e-5f);
-    EXPECT_NEAR(taken(1, 2), 0.375f, 1e-5f);
-    EXPECT_NEAR(taken(4, 2), 5.0f, 1e-5f);
+    // clang-format on
+    for (const CASE& c : cases)
+        EXPECT_NEAR(Taken(c.ACTIVITY, c.MOBILITY, c.MOVESTATUS, c.TURN_LENGTH), c.TAKEN, 1e-5f)
+            << c.ACTIVITY << " " << c.MOBILITY << " " << c.TURN_LENGTH;
 }
 
 TEST(Supply, SquadsAndConvoysConsumeNothing)
