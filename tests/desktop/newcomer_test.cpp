@@ -49,7 +49,9 @@ TEST_P(Newcomer, OpensTheScenarioPlansBothSidesRunsTurnsSavesAndGoesOn)
     player.Click(500, 455, Qt::RightButton);
     EXPECT_EQ(UNIT[2].NUMBER_OF_NODES, 3);
     player.Drag(player.On_Screen(470, 460), player.On_Screen(470, 430), Qt::LeftButton);
+    EXPECT_EQ(MN[2].MNX, 470);
     EXPECT_EQ(MN[2].MNY, 430);
+    EXPECT_EQ(MapMode, 10);   // the next click adds a node
     player.Click(440, 455);
     player.Click(480, 470, Qt::RightButton);
     player.Click(405, 440);

@@ -245,6 +245,7 @@ TEST(Window, ABrokenSaveIsToldAndTheNextFileOpens)
     EXPECT_EQ(GameLoaded, 0);
     EXPECT_EQ(player.TOLD.back().substr(0, 7), "Error: ");
     player.Screenshot("nothing-loaded");
+    EXPECT_FALSE(Command_Allowed(Cmd::GO));
     player.Answer_File(player.SCENARIO);
     ASSERT_TRUE(player.Choose(Cmd::NEW_GAME));
     EXPECT_EQ(GameLoaded, -1);
@@ -268,20 +269,17 @@ TEST_F(Opened_Window, AGameThatNoSaveHoldsIsGivenUpOnlyByAnAnswer)
     EXPECT_EQ(player.UNEXPECTED, 0);
 }
 
-TEST_F(Opened_Window, ANodeIsDraggedOrLeftInTheHandForTheNextRightClick)
+TEST_F(Opened_Window, ANodeThatIsClickedStaysInTheHandForTheNextRightClick)
 {
     player.Look_At(2, 440, 450);
     player.Click(405, 440);
     player.Key(Qt::Key_M);
     player.Click(450, 440, Qt::RightButton);
     ASSERT_EQ(UNIT[2].NUMBER_OF_NODES, 1);
-    player.Drag(player.On_Screen(450, 440), player.On_Screen(460, 470), Qt::LeftButton);
-    EXPECT_EQ(MN[1].MNX, 460);
-    EXPECT_EQ(MN[1].MNY, 470);
-    EXPECT_EQ(MapMode, 10);
-    player.Click(460, 470);
+    player.Click(450, 440);
     EXPECT_EQ(MapMode, 9);
     player.Click(470, 420, Qt::RightButton);
+    EXPECT_EQ(MN[1].MNX, 470);
     EXPECT_EQ(MN[1].MNY, 420);
     player.Key(Qt::Key_M, Qt::ControlModifier);
     EXPECT_EQ(UNIT[2].NUMBER_OF_NODES, 0);
@@ -316,14 +314,21 @@ TEST_F(Opened_Window, TheCoverShowsNothingOfEitherSide)
     EXPECT_EQ(player.Find<QDialog>("sheet Unit Status Report"), nullptr);
     for (const char* name : {"map", "lstSitrep", "palette", "overview"}) EXPECT_FALSE(player.Shows(name)) << name;
     EXPECT_EQ(player.Text_Of("lblCover"), "Red Player");
-    EXPECT_FALSE(player.Choose(Cmd::VIEW_ALL));
+    for (const Cmd id : {Cmd::VIEW_ALL, Cmd::GO}) EXPECT_FALSE(player.Choose(id)) << Command(id).CAPTION;
     player.Key(Qt::Key_Escape);
+    EXPECT_EQ(DESK.CoveredFor, 0);
+    player.Choose(Cmd::SIDE_BLUE);   // the side that sits there needs no cover
     EXPECT_EQ(DESK.CoveredFor, 0);
 
     // Red sees its own ground, and Blue finds the map where it left it.
     player.Choose(Cmd::SIDE_RED);
+    EXPECT_EQ(DESK.CoveredFor, RED);
+    EXPECT_EQ(ActiveSide, BLUE);   // nobody has sat down yet
     player.Press("cmdUncover");
     EXPECT_GT(Map_Is_Off(420, 450), 20.0);
+    EXPECT_EQ(PlanSide, RED);
+    EXPECT_TRUE(SEAT.PICTURE[301]);
+    EXPECT_FALSE(SEAT.PICTURE[3]);   // Blue's unit 3 is not spotted
     player.Choose(Cmd::HAND_OVER);
     player.Press("cmdUncover");
     EXPECT_EQ(ActiveSide, BLUE);

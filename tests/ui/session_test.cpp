@@ -145,36 +145,6 @@ TEST_F(Program, EachKindOfGameHasItsOwnFilesInItsOwnFolder)
     }
 }
 
-TEST_F(Program, AMissingGameIsToldAndLeavesNoGame)
-{
-    Open();
-    EXPECT_FALSE(Open_Game_File(Saved("no such game.btl")));
-    EXPECT_TRUE(SCREEN.Heard("box", "Stonemarch|Error: 53"));
-    EXPECT_EQ(GameLoaded, 0);
-    EXPECT_EQ(DESK.PALETTE, Palette::MAIN);
-    EXPECT_FALSE(Command_Allowed(Cmd::GO));
-    EXPECT_TRUE(Command_Allowed(Cmd::OPEN_GAME));
-}
-
-TEST_F(Program, TheCoverHidesUntilTheOtherSideSitsDownAndOnlyThen)
-{
-    Open();
-    cmdSide_Click(BLUE);   // the side that sits there needs no cover
-    EXPECT_EQ(DESK.CoveredFor, 0);
-    cmdSide_Click(RED);
-    EXPECT_EQ(DESK.CoveredFor, RED);
-    EXPECT_EQ(ActiveSide, BLUE);   // nobody has sat down yet
-    EXPECT_FALSE(Command_Allowed(Cmd::GO));
-    EXPECT_FALSE(Command_Allowed(Cmd::VIEW_ALL));
-    EXPECT_TRUE(Run_Command(Cmd::STEP_BACK));
-    EXPECT_EQ(DESK.CoveredFor, 0);
-    cmdSide_Click(RED);
-    cmdUncover_Click();
-    EXPECT_EQ(PlanSide, RED);
-    EXPECT_TRUE(SEAT.PICTURE[301]);
-    EXPECT_FALSE(SEAT.PICTURE[3]);   // Blue's unit 3 is not spotted
-}
-
 TEST_F(Program, TheEndOfPlanningTakesEveryPlanOffTheScreen)
 {
     Open();
