@@ -15,8 +15,7 @@ void Own_The_Air() { AIRSUPER = 100; }
 int Known(Board& board, int x, int y, int type = 5)
 {
     const int unit = board.Place(RED, x, y, type);
-    UNIT[unit].SPOTTED = 1;
-    UNIT[unit].FOOTPRINT = 1;   // out of reach of the aim point, so that nobody shoots back
+    Give(UNIT[unit], "SPOTTED 1, FOOTPRINT 1");   // out of reach of the aim point, so that nobody shoots back
     return unit;
 }
 
@@ -98,49 +97,36 @@ TEST(AirAttack, BombersDestroyOutrightAndALostTargetIsLeftAlone)
     EXPECT_TRUE(Posted("Bomber Mission BDA: R301 lost 100% destroyed"));
 }
 
-namespace {
-
-/// Whether a mission at a bridge (11) or with mines (12) hits.
-bool Hits(int target_class, int kind, int sorties, int roll, int disrupted, bool night, std::string& said)
-{
-    Board board(40, 40);
-    TIME_OF_DAY = night ? "Night" : "Day";
-    StrikeDisrupted = disrupted;
-    const int slot = Place_Mission(BLUE, kind, 155, 55, 0, target_class, sorties);
-    Roll_Next(roll);
-    Air_Attack(0, kind, slot);
-    said = Messages().back();
-    return said.find("destroyed") != std::string::npos || said.find("successful") != std::string::npos;
-}
-
-}   // namespace
-
+// clang-format off
 TEST(AirAttack, AttacksOnPlacesAreAChance)
 {
-    std::string said;
-    EXPECT_TRUE(Hits(11, 4, 2, 59, 0, false, said));
-    EXPECT_EQ(said, "Air Strike BDA: Bridge is destroyed!");
-    EXPECT_FALSE(Hits(11, 4, 2, 60, 0, false, said));
-    EXPECT_EQ(said, "Air Strike BDA: Air attack misses bridge!");
-    EXPECT_TRUE(Hits(11, 4, 4, 64, 0, false, said));    // 60 x 1.1 = 66
-    EXPECT_FALSE(Hits(11, 4, 4, 66, 0, false, said));   // not below 66
-    EXPECT_TRUE(Hits(11, 4, 6, 71, 0, false, said));    // 72
-    EXPECT_TRUE(Hits(11, 4, 8, 77, 0, false, said));    // 78
-    EXPECT_TRUE(Hits(11, 4, 9, 89, 0, false, said));    // 90
-    EXPECT_FALSE(Hits(11, 4, 2, 30, 0, true, said));    // 30 by night
-    EXPECT_FALSE(Hits(11, 4, 2, 30, 1, false, said));   // halved
-    EXPECT_FALSE(Hits(11, 4, 2, 17, 2, false, said));   // quartered: 15
-    EXPECT_TRUE(Hits(11, 4, 2, 14, 2, false, said));
-    EXPECT_TRUE(Hits(11, 3, 2, 100, 0, false, said));   // bombers: 50 of 60
-    EXPECT_EQ(said, "Bomber Misson: Bridge is destroyed!");
-    EXPECT_FALSE(Hits(11, 3, 2, 60, 1, false, said));   // 30 of 30
-    EXPECT_EQ(said, "Bomber Mission BDA: Air attack misses bridge!");
-    EXPECT_TRUE(Hits(12, 4, 2, 79, 0, false, said));
-    EXPECT_EQ(said, "Air Strike BDA: FASCAM mission was successful!");
-    EXPECT_FALSE(Hits(12, 4, 2, 80, 0, false, said));
-    EXPECT_EQ(said, "Air Strike BDA: FASCAM mission failed!");
-    EXPECT_FALSE(Hits(12, 4, 2, 44, 0, true, said));   // 40 by night
+    constexpr int BOMBER = 3, STRIKE = 4, BRIDGE = 11, MINES = 12;
+    constexpr bool DAY = false, NIGHT = true;
+    const CASES<int, int, int, int, bool, int, const char*> cases = {
+        {BRIDGE, STRIKE, 2, 0, DAY, 59, "Air Strike BDA: Bridge is destroyed!"},
+        {BRIDGE, STRIKE, 2, 0, DAY, 60, "Air Strike BDA: Air attack misses bridge!"},
+        {BRIDGE, STRIKE, 4, 0, DAY, 64, "is destroyed!"}, {BRIDGE, STRIKE, 4, 0, DAY, 66, "misses"},   // 60 x 1.1 = 66
+        {BRIDGE, STRIKE, 6, 0, DAY, 71, "is destroyed!"}, {BRIDGE, STRIKE, 8, 0, DAY, 77, "is destroyed!"},   // 72, 78
+        {BRIDGE, STRIKE, 9, 0, DAY, 89, "is destroyed!"},   // 90
+        {BRIDGE, STRIKE, 2, 0, NIGHT, 30, "misses"}, {BRIDGE, STRIKE, 2, 1, DAY, 30, "misses"},   // halved by either: 30
+        {BRIDGE, STRIKE, 2, 2, DAY, 17, "misses"}, {BRIDGE, STRIKE, 2, 2, DAY, 14, "is destroyed!"},   // quartered: 15
+        {BRIDGE, BOMBER, 2, 0, DAY, 100, "Bomber Misson: Bridge is destroyed!"},               // 50 of 60
+        {BRIDGE, BOMBER, 2, 1, DAY, 60, "Bomber Mission BDA: Air attack misses bridge!"},      // 30 of 30
+        {MINES, STRIKE, 2, 0, DAY, 79, "Air Strike BDA: FASCAM mission was successful!"},
+        {MINES, STRIKE, 2, 0, DAY, 80, "Air Strike BDA: FASCAM mission failed!"},
+        {MINES, STRIKE, 2, 0, NIGHT, 44, "failed!"},   // 40
+    };
+    for (const auto& [target_class, kind, sorties, disrupted, night, roll, said] : cases) {
+        Board board(40, 40);
+        TIME_OF_DAY = night ? "Night" : "Day";
+        StrikeDisrupted = disrupted;
+        const int slot = Place_Mission(BLUE, kind, 155, 55, 0, target_class, sorties);
+        Roll_Next(roll);
+        Air_Attack(0, kind, slot);
+        EXPECT_NE(Messages().back().find(said), std::string::npos) << Messages().back() << ' ' << roll;
+    }
 }
+// clang-format on
 
 TEST(AirMission, TheNearestKnownUnitOfTheClassIsHuntedAndOfEqualsTheLater)
 {

@@ -98,18 +98,15 @@ TEST(ArtilleryAttack, OnlyConvoysAndLoneSystemsLoseMoreThanAFifth)
 
 TEST(ArtilleryAttack, AnActiveTAIDoublesTheEffectAndAFreshOneDoesNot)
 {
-    Duel duel;
-    const float outside = Artillery_Attack(duel.FIRER, duel.TARGET, 1);
-    UNIT[duel.FIRER].FATIGUE = 2;
-    GTURN = 2;
-    const int tai = Place_Area(BLUE, 13, 150, 89);   // 39 pixels away; (40 + 40) / 2 = 40 is not near enough
-    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside * 2);
-    UNIT[duel.FIRER].FATIGUE = 2;
-    P[tai].PY1 = 90;
-    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside);
-    UNIT[duel.FIRER].FATIGUE = 2;
-    Give(P[tai], "PY1 60, PAGE 1");
-    EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), outside);
+    // 39 pixels away; (40 + 40) / 2 = 40 is not near enough
+    for (const auto& [y, laid, doubles] : CASES<int, int, bool>{{89, 2, true}, {90, 2, false}, {60, 1, false}}) {
+        Duel duel;
+        const float plain = Artillery_Attack(duel.FIRER, duel.TARGET, 1);
+        UNIT[duel.FIRER].FATIGUE = 2;
+        GTURN = 2;
+        P[Place_Area(BLUE, 13, 150, y)].PAGE = laid;
+        EXPECT_FLOAT_EQ(Artillery_Attack(duel.FIRER, duel.TARGET, 1), plain * (doubles ? 2 : 1)) << y;
+    }
 }
 
 TEST(FiresPhase, TheSideThatShootsFirstWithGunsStrikesLastFromTheAir)

@@ -59,9 +59,8 @@ TEST(DirectFire, EveryFactorOfAHardCaseCountsInItsOrder)
     EXPECT_TRUE(Posted("SITREP: R301 lost 3% as a result of direct fires!"));
     EXPECT_EQ(duel.BOARD.SCREEN.Count("status", "Smoke obscures target!"), 1);
     EXPECT_EQ(f.FATIGUE, 2);
-    EXPECT_EQ(t.FATIGUE, 3);
-    EXPECT_EQ(t.RCP2, 10.0f);   // collected, not yet applied
-    EXPECT_EQ(RSEED, 0);        // a frontal shot rolls no dice
+    EXPECT_TRUE(Has(t, "FATIGUE 3, RCP2 10"));   // collected, not yet applied
+    EXPECT_EQ(RSEED, 0);                         // a frontal shot rolls no dice
 }
 
 // clang-format off
@@ -157,9 +156,8 @@ TEST(DirectFire, PowerIsDividedAmongTheEnemiesThatCanHoldIt)
     EXPECT_FLOAT_EQ(duel.Loss(), 1.0f);     // 10 / 2 enemies
     EXPECT_EQ(duel.Firer().ACTIVITY, 2);
 
-    duel.Firer().TACOPN = 3;   // a screen keeps the count it has, at least 1
-    duel.Firer().ACTIVITY = 4;
-    EXPECT_FLOAT_EQ(duel.Loss(), 0.1f);   // 10 / 4 x 0.1 x 0.2 x 2
+    Give(UNIT[duel.F], "TACOPN 3, ACTIVITY 4");   // a screen keeps the count it has, at least 1
+    EXPECT_FLOAT_EQ(duel.Loss(), 0.1f);           // 10 / 4 x 0.1 x 0.2 x 2
     duel.Firer().ACTIVITY = 0;
     EXPECT_FLOAT_EQ(duel.Loss(), 0.4f);
     EXPECT_EQ(duel.Firer().ACTIVITY, 1);
@@ -174,8 +172,7 @@ TEST(DirectFire, TheLeastLossGoesByTheFirersOperationAndTheGreatestByTheTargetsS
         duel.Firer().TACOPN = operation;
         EXPECT_FLOAT_EQ(duel.Loss(), 0.05f);
     }
-    duel.Firer().TACOPN = 0;
-    duel.Firer().RCP2 = 100;   // 20
+    Give(UNIT[duel.F], "TACOPN 0, RCP2 100");   // 20
     duel.Target().RCP2 = 3;
     EXPECT_FLOAT_EQ(duel.Loss(), 1.0f);   // a third
     EXPECT_TRUE(Posted("R301 lost 33%"));
@@ -224,8 +221,7 @@ TEST(DirectFire, GunsOfTheSameCommandSupportBetweenTheirLeastAndGreatestRange)
         duel.Firer().HIGHERHQ = 299;
         const int battery = duel.BOARD.Place(BLUE, 205, 205 + pixels, 7);
         UNIT_RECORD& b = UNIT[battery];
-        Give(b, "HIGHERHQ 299, MXRANGE 9");
-        b.MINRANGE = 3;   // 10 pixels a km; half of the footprint is 20
+        Give(b, "HIGHERHQ 299, MXRANGE 9, MINRANGE 3");   // 10 pixels a km; half of the footprint is 20
         if (set != nullptr) set(b);
         Direct_Fire(duel.F, duel.T);
         EXPECT_EQ(duel.BOARD.SCREEN.Count("status", " Shoots DS FA!"), RARTYL > 0 ? 1 : 0);
@@ -247,8 +243,7 @@ TEST(DirectFire, ATargetThatTheGunsDestroyedIsNotShotAtAnyMore)
 {
     Duel duel;
     UNIT_RECORD& t = duel.Target();
-    t.SIZE = 0;   // no ceiling holds
-    t.RCP2 = 0.01f;
+    Give(t, "SIZE 0, RCP2 0.01");   // no ceiling holds
     for (int i = 0; i < 2; ++i) UNIT[duel.BOARD.Place(BLUE, 305, 205, 8)].PARENT_UNIT = duel.F;
     Direct_Fire(duel.F, duel.T);
     EXPECT_TRUE(Has(t, "STATUS 0, TURNLOSS 0"));

@@ -71,8 +71,7 @@ TEST(Chains, SEADThatSilencesTheBatteryComesBeforeItsShot)
 {
     Board board(60, 60);
     const int sam = Place_Strong_Air_Defence(board, RED, 150, 50);
-    UNIT[sam].SIZE = 0;   // a lone launcher may be lost at once
-    Give(UNIT[sam], "SPOTTED 2, RCP2 0.01");
+    Give(UNIT[sam], "SIZE 0, SPOTTED 2, RCP2 0.01");   // a lone launcher may be lost at once
     Place_Battery(board, BLUE, 50, 50, 2);
     const int slot = Place_Mission(BLUE, 4, 150, 50, 0, 11, 2);
     ADA_Engage(1, 0, BLUE, 150, 50, 4, slot);
