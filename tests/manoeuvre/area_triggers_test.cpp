@@ -26,16 +26,6 @@ struct Approach {
         P[row].PY1 = y;
         P[row].PAGE = age;
     }
-    int Helicopter(int nai, int nodes, int first_class, int second_class = 0)
-    {
-        const int h = board.Place(BLUE, 195, 5, 11);
-        Give(UNIT[h], "MOBILITY 3, MOVESTATUS 7");
-        UNIT[h].NAI = nai;
-        UNIT[h].HPTL1 = first_class;
-        UNIT[h].HPTL2 = second_class;
-        UNIT[h].NUMBER_OF_NODES = nodes;
-        return h;
-    }
     Board board{21, 21};
     int unit = 0;
 };
@@ -79,38 +69,40 @@ TEST(Area_Triggers, WaitingHelicoptersLaunchForTheirClasses)
 {
     Approach a;   // a tank unit: class 5
     a.Area(7, 12, 15, 105);
-    const int first = a.Helicopter(7, 2, 5), second = a.Helicopter(7, 2, 3, 5),
-              other_class = a.Helicopter(7, 2, 3);
-    const int other_area = a.Helicopter(8, 2, 5), no_route = a.Helicopter(7, 0, 5), flying = a.Helicopter(7, 2, 5);
-    UNIT[flying].MOVESTATUS = 8;
+    struct WAITING {
+        const char *STATE, *AFTER;
+    };
+    const WAITING waiting[] = {
+        {"NAI 7, HPTL1 5", "MOVESTATUS 9"},
+        {"NAI 7, HPTL1 3, HPTL2 5", "MOVESTATUS 9"},
+        {"NAI 7, HPTL1 3", "MOVESTATUS 7"},
+        {"NAI 8, HPTL1 5", "MOVESTATUS 7"},
+        {"NAI 7, HPTL1 5, NUMBER_OF_NODES 0", "MOVESTATUS 0, NAI 0"},
+        {"NAI 7, HPTL1 5, MOVESTATUS 8", "MOVESTATUS 8"},   // flies already
+    };
+    for (const WAITING& w : waiting) {
+        UNIT_RECORD& helicopter = UNIT[a.board.Place(BLUE, 195, 5, 11)];
+        Give(helicopter, "MOBILITY 3, MOVESTATUS 7, NUMBER_OF_NODES 2");
+        Give(helicopter, w.STATE);
+    }
     Move_Units(a.unit);
-    EXPECT_EQ(UNIT[first].MOVESTATUS, 9);
-    EXPECT_EQ(UNIT[second].MOVESTATUS, 9);
-    EXPECT_EQ(UNIT[other_class].MOVESTATUS, 7);
-    EXPECT_EQ(UNIT[other_area].MOVESTATUS, 7);
-    EXPECT_EQ(UNIT[flying].MOVESTATUS, 8);
-    EXPECT_TRUE(Has(UNIT[no_route], "MOVESTATUS 0, NAI 0"));
+    for (int h = 1; h <= 6; ++h) EXPECT_TRUE(Has(UNIT[h], waiting[h - 1].AFTER)) << waiting[h - 1].STATE;
     EXPECT_TRUE(Posted("Failed AH mission; B5 did not have a flight route!"));
-    EXPECT_EQ(SITREPLIST[1].SIDE, BLUE);
-    EXPECT_EQ(SITREPLIST[1].UNIT, no_route);
+    EXPECT_TRUE(Has(SITREPLIST[1], "SIDE BLUE, UNIT 5"));
 }
 
 TEST(Area_Triggers, LinkedTargetsFireOnceAtASpottedUnitOfTheirClass)
 {
     Approach a;
     a.Area(9, 13, 15, 105);
-    const auto target = [](int row, int type, int target_class, int graphic) {
-        TG[row].TGTYPE = type;
-        TG[row].TGSIDE = BLUE;
-        TG[row].TGHPT = target_class;
-        TG[row].TGRAPHIC = graphic;
-    };
-    target(1, 1, 5, 9);
-    target(2, 4, 5, 9);
-    target(3, 150, 5, 9);   // engineers do not wait for anybody
-    target(4, 1, 6, 9);
-    target(5, 1, 5, 8);
-    target(6, 21, 5, 9);
+    const char* targets[] = {"TGTYPE 1",          "TGTYPE 4",
+                             "TGTYPE 150",   // engineers do not wait for anybody
+                             "TGTYPE 1, TGHPT 6", "TGTYPE 1, TGRAPHIC 8",
+                             "TGTYPE 21"};
+    for (int row = 1; row <= 6; ++row) {
+        Give(TG[row], "TGSIDE BLUE, TGHPT 5, TGRAPHIC 9");
+        Give(TG[row], targets[row - 1]);
+    }
     CurTarget = 77;
     CurGraphic = 55;
     Move_Units(a.unit);

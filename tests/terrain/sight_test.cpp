@@ -2,6 +2,7 @@
 
 #include "support/board.h"
 #include "support/fields.h"
+#include "support/log_lines.h"
 #include "terrain/grid.h"
 
 #include <gtest/gtest.h>
@@ -18,8 +19,8 @@ TEST(Line_Of_Sight_Test, TheFirstScreeningCellEndsTheLine)
     // 70 pixels east: 7 steps of 10; samples at 15, 25, 35, 45 (column 5, high).
     EXPECT_EQ(Line_Of_Sight(unit, 75, 25), 4);
     EXPECT_EQ(Line_Of_Sight(unit, 35, 25), 0);
-    EXPECT_EQ(Line_Of_Sight(unit, 75, 5),
-              0);   // samples run at 22, 19, 16 ... over rows 3 and 2: none on high ground
+    // Samples run at 22, 19, 16 ... over rows 3 and 2: none on high ground.
+    EXPECT_EQ(Line_Of_Sight(unit, 75, 5), 0);
     // A target on the high cell itself: the last of the 4 steps.
     EXPECT_EQ(Line_Of_Sight(unit, 45, 25), 4);
 }
@@ -47,22 +48,17 @@ TEST(Line_Of_Sight_Test, TheExemptionOfTheTargetIsReadInTheFirstColumn)
 
 TEST(Line_Of_Sight_Test, FaultsAreLoggedAndAnswerClear)
 {
-    static std::string logged;
     Board board({"....", ".^..", "...."});
-    Listen_To_Log([](std::string_view line) { logged += line; });
+    const Log_Lines log;
     const int unit = board.Place(BLUE, 5, 15);
-    // 0 + 1 - 1 = 0: no cell.
-    EXPECT_EQ(Line_Of_Sight(unit, 5, 15), 0);
-    EXPECT_EQ(logged, "LOS Error: Hex number is not valid!");
+    EXPECT_EQ(Line_Of_Sight(unit, 5, 15), 0);   // 0 + 1 - 1 = 0: no cell
     EXPECT_EQ(board.SCREEN.Count("beep", ""), 1);
-    logged.clear();
     EXPECT_EQ(Line_Of_Sight(unit, 115, 35), 0);   // 11 + 3 - 1 = 13 of 12
-    EXPECT_EQ(logged, "LOS Error: Hex number is not valid!");
-    logged.clear();
     UNIT[unit].HEXNUM = 0;
     EXPECT_EQ(Line_Of_Sight(unit, 35, 15), 0);
-    EXPECT_EQ(logged, "LOS Error: Unit hex number is not valid!");
-    Listen_To_Log(nullptr);
+    EXPECT_EQ(log.All(), (std::vector<std::string>{"LOS Error: Hex number is not valid!",
+                                                   "LOS Error: Hex number is not valid!",
+                                                   "LOS Error: Unit hex number is not valid!"}));
 }
 
 TEST(Line_Of_Sight_Test, ANearTargetGetsOneSampleAndSamplesOffThePictureAreSkipped)
