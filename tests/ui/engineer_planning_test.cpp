@@ -183,18 +183,17 @@ TEST(Crossing, SidesOfANetworkGameTakeRowsOfTheirHalf)
 TEST(Works, AClickPlacesAWorkAndBooksIt)
 {
     Set_Up s;
-    EXPECT_TRUE(s.Put(237, 3, 1));
-    EXPECT_TRUE(s.Put(238, 3, 2));   // mines on the bridge of the map
-    EXPECT_TRUE(s.Put(239, 1, 1));
-    EXPECT_EQ(Cell_Value(Hex_Of(3, 1)), 7);
-    EXPECT_EQ(Cell_Value(Hex_Of(3, 2)), 18);
-    EXPECT_EQ(Cell_Value(Hex_Of(1, 1)), 21);
-    EXPECT_EQ(BBNOW, 1);
-    EXPECT_EQ(BOBST, 1);
-    EXPECT_EQ(BFORTS, 1);
-    EXPECT_EQ(BG[1].BGSIDE, BLUE);
-    EXPECT_EQ(BG[2].BGTYPE, 8);
-    EXPECT_EQ(BG[3].BGTYPE, 9);
+    const struct {
+        int TOOL, COLUMN, ROW, VALUE, TYPE;
+    } works[] = {{237, 3, 1, 7, 7}, {238, 3, 2, 18, 8}, {239, 1, 1, 21, 9}};   // mines on the bridge of the map
+    for (int row = 1; row <= 3; ++row) {
+        const auto& w = works[row - 1];
+        EXPECT_TRUE(s.Put(w.TOOL, w.COLUMN, w.ROW)) << w.TOOL;
+        EXPECT_EQ(Cell_Value(Hex_Of(w.COLUMN, w.ROW)), w.VALUE);
+        EXPECT_EQ(BG[row].BGTYPE, w.TYPE);
+        EXPECT_EQ(BG[row].BGSIDE, BLUE);
+    }
+    for (const int booked : {BBNOW, BOBST, BFORTS}) EXPECT_EQ(booked, 1);
     EXPECT_TRUE(Broken_Invariants().empty());
     EXPECT_TRUE(
         s.BOARD.SCREEN.Heard("status", "297 Data Points Bridges/Obstacles/Forts Are Still Available For Use! "));

@@ -84,14 +84,14 @@ TEST(PlanFires, AMissionTakesTheFirstFreeRowOfItsSideAndFiresNextTurnAtTheEarlie
     EXPECT_EQ(TG[3].TGRAPHIC, tai);
     EXPECT_EQ(UNIT[battery].FIREMISSION, 3);
     EXPECT_FALSE(Plan_Fire_Mission(battery, 155, 55, 1, 5, 0));   // three are enough
-    const int enemys = Place_Mission(RED, 1, 1, 1);
-    Cancel_Target(enemys);
-    EXPECT_TRUE(Used(TG[enemys]));
     Cancel_Target(2);
     EXPECT_EQ(UNIT[battery].FIREMISSION, 2);
     EXPECT_FALSE(Used(TG[2]));
     EXPECT_EQ(Issue_Target(BLUE), 2);
-    EXPECT_EQ(Issue_Target(RED), 102);
+    EXPECT_EQ(Issue_Target(RED), 101);
+    const int enemys = Place_Mission(RED, 1, 1, 1);
+    Cancel_Target(enemys);
+    EXPECT_TRUE(Used(TG[enemys]));
     for (int row = 1; row <= 100; ++row) TG[row].TGTYPE = 1;
     EXPECT_FALSE(Plan_Fire_Mission(battery, 155, 55, 1, 5, 0));   // Blue's half is full
     EXPECT_EQ(UNIT[battery].FIREMISSION, 2);
@@ -290,6 +290,18 @@ TEST(PlanFlight, AHelicopterLinkedToAnNAIWaitsAndAnUnlinkedOneDropsItsRoute)
     EXPECT_EQ(UNIT[unit].NAI, 0);
     EXPECT_EQ(UNIT[unit].MOVESTATUS, 0);
     EXPECT_EQ(UNIT[unit].NUMBER_OF_NODES, 0);
+}
+
+TEST(PlanTargets, PlottingAndCancellingWaitForAClick)
+{
+    Planning board;
+    DrawMode = 12;
+    Begin_Plot_Target();
+    EXPECT_EQ(MapMode, 90);
+    EXPECT_EQ(DrawMode, 0);
+    EXPECT_TRUE(board.SCREEN.Heard("status", "POINT and CLICK to Designate Target Location/Unit"));
+    Begin_Cancel_Target();
+    EXPECT_EQ(MapMode, 99);
 }
 
 TEST(PlanTargets, AClientOnlyAsks)
