@@ -154,8 +154,7 @@ TEST(Sweep, ATransmitterIsHeardAtTenTimesItsTrafficPlusTwenty)
         UNIT[enemy].C2T = 3;                  // 3 x 10 + 20 = 50
         Roll_Next(roll);
         IEW_Sweep(elint.COLLECTOR);
-        EXPECT_EQ(UNIT[enemy].EWSTATUS, roll == 50 ? 2 : 0);
-        EXPECT_EQ(UNIT[enemy].SPOTTED, roll == 50 ? 2 : 0);
+        EXPECT_TRUE(Has(UNIT[enemy], roll == 50 ? "EWSTATUS 2, SPOTTED 2" : "EWSTATUS 0, SPOTTED 0"));
     }
     Sweep detailed(3);
     const int enemy = detailed.Enemy(50);
@@ -194,22 +193,13 @@ TEST(Sweep, ACollectorOnTheGroundFindsNothingButRollsAsOneInTheAir)
         UNIT[elint.COLLECTOR].MOVESTATUS = movestatus;
         const int enemy = elint.Enemy(50);
         UNIT[enemy].C2T = 8;
+        UNIT[elint.Enemy(20)].TYPE = 50;   // neither lines of communication nor friends cost a roll
+        elint.BOARD.Place(BLUE, 210, 50);
         RSEED = 20;
         IEW_Sweep(elint.COLLECTOR);
         EXPECT_EQ(UNIT[enemy].SPOTTED, movestatus == 7 ? 2 : 0);
         EXPECT_EQ(RSEED, 21);
     }
-}
-
-TEST(Sweep, LinesOfCommunicationAndFriendsAreNotSweptAndCostNoRoll)
-{
-    Sweep elint(3);
-    const int loc = elint.Enemy(20);
-    UNIT[loc].TYPE = 50;
-    elint.BOARD.Place(BLUE, 210, 50);
-    RSEED = 40;
-    IEW_Sweep(elint.COLLECTOR);
-    EXPECT_EQ(RSEED, 40);
 }
 
 TEST(Sweep, WhatASeatSeesNeverChangesTheModel)

@@ -42,8 +42,7 @@ TEST(Logistics, AnAutomaticConvoyLeavesBelow75PercentFromTurn2)
     GTURN = 2;
     Auto_Logistics(BLUE);
     const UNIT_RECORD& convoy = UNIT[3];
-    EXPECT_TRUE(Has(convoy, "STATUS 2, NAME CONVOY #3, SIZE 100"));
-    EXPECT_TRUE(Has(convoy, "LSF2 3, X 55, OX1 555"));   // LSF2: 4 - 1
+    EXPECT_TRUE(Has(convoy, "STATUS 2, NAME CONVOY #3, SIZE 100, LSF2 3, X 55, OX1 555"));   // LSF2: 4 - 1
     EXPECT_EQ(convoy.CONVOYD, board.customer);
     EXPECT_EQ(convoy.HEXNUM, UNIT[board.depot].HEXNUM);
     EXPECT_EQ(UNIT[board.depot].LSF2, 97.0f);

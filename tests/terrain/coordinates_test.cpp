@@ -78,8 +78,8 @@ TEST(Grid_Reference_Test, EveryPixelOfAStockMapHasAReference)
     Board board(1, 1);
     for (int map = 1; map <= STOCK_MAPS; ++map) {
         Choose_Stock_Map(map);
-        const int width = Stock_Map(map).COLS * Stock_Map(map).WIDTH,
-                  height = Stock_Map(map).ROWS * Stock_Map(map).WIDTH;
+        const int width = Stock_Map(map).COLS * Stock_Map(map).WIDTH;
+        const int height = Stock_Map(map).ROWS * Stock_Map(map).WIDTH;
         int without = 0;
         for (int x = 0; x < width; ++x)
             for (int y = 0; y < height; y += x % 16 == 0 ? 1 : 16)
