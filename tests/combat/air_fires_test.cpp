@@ -71,7 +71,7 @@ TEST(AirAttack, DisruptionTargetsOfOpportunityAndSmokeWeighAsTold)
     EXPECT_FLOAT_EQ(loss(""), 12.0f);   // 3 x 0.5 x 8
     EXPECT_FLOAT_EQ(loss("", 2), 12.0f / 8);
     EXPECT_FLOAT_EQ(loss("", 7), 1.0f);
-    EXPECT_FLOAT_EQ(loss("", 0, 0), 7.2f);                               // 1.8 a sortie
+    EXPECT_FLOAT_EQ(loss("", 0, 0), 7.2f);                       // 1.8 a sortie
     EXPECT_FLOAT_EQ(loss("t.MOBILITY 3, t.MOVESTATUS 8"), 0.1f);   // the least
     constexpr FACTOR_CASE CASES[] = {
         {"t.OBSCURED 1", 1.0f / 3}, {"t.SIZE 1", 2}, {"t.SIZE 5", 0.25f}, {"t.SIZE 6", 0.1f},
@@ -231,26 +231,23 @@ TEST(AirMission, WorksAndSmokeWithinTenKilometresAreSeenFromTheAir)
 
 TEST(Interception, NightDoublesTheRollAFlyerTriplesIt)
 {
-    const auto intercepted = [](int unit_type, int side, int kind, int roll, bool night, int super = 50) {
+    constexpr bool DAY = false, NIGHT = true;
+    const CASES<int, int, int, int, bool, int, bool> cases = {
+        {0, BLUE, 4, 50, DAY, 50, true},    {0, BLUE, 4, 51, DAY, 50, false},  {0, BLUE, 4, 22, NIGHT, 50, true},
+        {0, BLUE, 4, 26, NIGHT, 50, false},                                      // 44, 52
+        {11, BLUE, 0, 14, DAY, 50, true},   {11, BLUE, 0, 17, DAY, 50, false},   // 42, 51
+        {11, BLUE, 0, 9, NIGHT, 50, false},                                      // 54
+        {0, RED, 4, 30, DAY, 30, true},     {0, RED, 4, 31, DAY, 30, false},   {0, BLUE, 4, 100, DAY, 100, false},
+        {0, BLUE, 3, 95, DAY, 100, true},   {0, BLUE, 3, 93, DAY, 100, false},   // bombers are met now and then
+    };
+    for (const auto& [unit_type, side, kind, roll, night, superiority, intercepted] : cases) {
         Board board(40, 40);
-        AIRSUPER = super;
+        AIRSUPER = superiority;
         TIME_OF_DAY = night ? "Night" : "Day";
         const int unit = unit_type > 0 ? Place_In_The_Air(board, side, 150, 50, unit_type) : 0;
         Roll_Next(roll);
-        return Intercept_Check(unit, side, 150, 50, kind) == 1;
-    };
-    EXPECT_TRUE(intercepted(0, BLUE, 4, 50, false));
-    EXPECT_FALSE(intercepted(0, BLUE, 4, 51, false));
-    EXPECT_FALSE(intercepted(0, BLUE, 4, 26, true));     // 52
-    EXPECT_TRUE(intercepted(0, BLUE, 4, 22, true));      // 44
-    EXPECT_FALSE(intercepted(11, BLUE, 0, 17, false));   // 51
-    EXPECT_TRUE(intercepted(11, BLUE, 0, 14, false));    // 42
-    EXPECT_FALSE(intercepted(11, BLUE, 0, 9, true));     // 54
-    EXPECT_TRUE(intercepted(0, RED, 4, 30, false, 30));
-    EXPECT_FALSE(intercepted(0, RED, 4, 31, false, 30));
-    EXPECT_FALSE(intercepted(0, BLUE, 4, 100, false, 100));
-    EXPECT_TRUE(intercepted(0, BLUE, 3, 95, false, 100));   // a bomber stream is met now and then
-    EXPECT_FALSE(intercepted(0, BLUE, 3, 93, false, 100));
+        EXPECT_EQ(Intercept_Check(unit, side, 150, 50, kind) == 1, intercepted) << unit_type << ' ' << roll;
+    }
 }
 
 TEST(Interception, AUAVEscapesNineTimesOfTen)

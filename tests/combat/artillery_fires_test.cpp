@@ -307,12 +307,11 @@ TEST(Counterfire, WhoWatchesDecidesWhetherTheBatteryIsLocated)
         {ZONE, 1, 50, true},
         {ZONE_TOO_FAR, 2, 1, false},
         {FRIENDS_AT_AIM_POINT, 2, 50, true},
-        {FRIENDS_AT_AIM_POINT, 1, 50, false},   // the zone at the aim point is that of a planned mission
+        {FRIENDS_AT_AIM_POINT, 1, 50, false},   // that zone is a planned mission's
         {TARGET_ITSELF, 1, 50, true},
         {TARGET_ITSELF, 1, 51, false},
         {COMPUTER, 1, 50, true},
-        {COMPUTER, 2, 51, false},
-    };
+        {COMPUTER, 2, 51, false}};
     for (const auto& [watch, mode, roll, located] : cases) {
         Board board(60, 40);
         const int battery = Place_Battery(board, BLUE, 50, 50);
@@ -354,42 +353,32 @@ TEST(Counterfire, MissileBatteriesAreNotAnswered)
     EXPECT_NEAR(BARTYL, 1.76904f, 1e-5f);
 }
 
-namespace {
-
-/// What comes of charges on the bridge at cell (10, 5), and the words.
-bool Bridge_Fires(int type, int roll, int enemies_near, bool enemy_on_bridge)
-{
-    Board board({"....................", "....................", "....................", "....................",
-                 ".........=..........", "...................."});
-    const int engineer = board.Place(BLUE, 60, 45, type);
-    for (int i = 0; i < enemies_near; ++i) board.Place(RED, 60, 45);
-    if (enemy_on_bridge) board.Place(RED, 95, 45);
-    const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
-    TG[slot].TGHEX = UNIT[board.Place(BLUE, 95, 45)].HEXNUM;
-    UNIT[engineer].FIREMISSION = 2;   // whatever else it was to do is off
-    Roll_Next(roll);
-    Run_Targets(2, 1, 100);
-    EXPECT_EQ(UNIT[engineer].FIREMISSION, 0);
-    const bool failed = Posted("SPOTREP: B1reports that bridge demolitions failed!");
-    const bool blown = Posted("SPOTREP: B1 reports bridge is blown at No UTM Data");
-    EXPECT_NE(failed, blown);
-    int pressed = 0;
-    for (const auto& text : Messages())
-        pressed += text.find("attacks bridge demolitions unit!") != std::string::npos;
-    EXPECT_EQ(pressed, enemies_near);
-    return blown;
-}
-
-}   // namespace
-
 TEST(Demolition, EngineersNeedTwoOthersThreeAndEveryEnemyNearTakesOneOff)
 {
-    EXPECT_TRUE(Bridge_Fires(14, 17, 0, false));   // 1.7 rounds to 2
-    EXPECT_FALSE(Bridge_Fires(14, 14, 0, false));
-    EXPECT_TRUE(Bridge_Fires(19, 26, 0, false));
-    EXPECT_FALSE(Bridge_Fires(19, 22, 0, false));
-    EXPECT_TRUE(Bridge_Fires(14, 44, 2, false));    // 4 - 2
-    EXPECT_FALSE(Bridge_Fires(14, 34, 2, false));   // 3 - 2
-    EXPECT_FALSE(Bridge_Fires(14, 100, 0, true));   // the enemy is on it
-    EXPECT_FALSE(Bridge_Fires(8, 100, 0, false));   // guns have no charges
+    const CASES<int, int, int, bool, bool> cases = {
+        {14, 17, 0, false, true},   // 1.7 rounds to 2
+        {14, 14, 0, false, false}, {19, 26, 0, false, true},
+        {19, 22, 0, false, false}, {14, 44, 2, false, true},   // 4 - 2
+        {14, 34, 2, false, false},                             // 3 - 2
+        {14, 100, 0, true, false},                             // the enemy is on it
+        {8, 100, 0, false, false},                             // guns have no charges
+    };
+    for (const auto& [type, roll, enemies_near, enemy_on_bridge, blown] : cases) {
+        Board board({"....................", "....................", "....................",
+                     "....................", ".........=..........", "...................."});
+        const int engineer = board.Place(BLUE, 60, 45, type);
+        for (int i = 0; i < enemies_near; ++i) board.Place(RED, 60, 45);
+        if (enemy_on_bridge) board.Place(RED, 95, 45);
+        const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
+        TG[slot].TGHEX = UNIT[board.Place(BLUE, 95, 45)].HEXNUM;
+        UNIT[engineer].FIREMISSION = 2;   // whatever else it was to do is off
+        Roll_Next(roll);
+        Run_Targets(2, 1, 100);
+        EXPECT_EQ(UNIT[engineer].FIREMISSION, 0);
+        EXPECT_EQ(Posted("SPOTREP: B1reports that bridge demolitions failed!"), !blown) << type << ' ' << roll;
+        EXPECT_EQ(Posted("SPOTREP: B1 reports bridge is blown at No UTM Data"), blown) << type << ' ' << roll;
+        int pressed = 0;
+        for (const auto& text : Messages()) pressed += text.find("attacks bridge demolitions unit!") != text.npos;
+        EXPECT_EQ(pressed, enemies_near);
+    }
 }

@@ -216,13 +216,13 @@ TEST(DirectFire, AttachedGunsShootFirstAndTakeNoPartInTheDirectFire)
 
 TEST(DirectFire, GunsOfTheSameCommandSupportBetweenTheirLeastAndGreatestRange)
 {
-    const auto supports = [](int pixels, void (*set)(UNIT_RECORD & battery) = nullptr) {
+    const auto supports = [](int pixels, const char* arranged = "") {
         Duel duel;
         duel.Firer().HIGHERHQ = 299;
         const int battery = duel.BOARD.Place(BLUE, 205, 205 + pixels, 7);
-        UNIT_RECORD& b = UNIT[battery];
-        Give(b, "HIGHERHQ 299, MXRANGE 9, MINRANGE 3");   // 10 pixels a km; half of the footprint is 20
-        if (set != nullptr) set(b);
+        Give(UNIT[battery],
+             "HIGHERHQ 299, MXRANGE 9, MINRANGE 3");   // 10 pixels a km; half of the footprint is 20
+        Give(UNIT[battery], arranged);
         Direct_Fire(duel.F, duel.T);
         EXPECT_EQ(duel.BOARD.SCREEN.Count("status", " Shoots DS FA!"), RARTYL > 0 ? 1 : 0);
         return RARTYL > 0;
@@ -231,12 +231,9 @@ TEST(DirectFire, GunsOfTheSameCommandSupportBetweenTheirLeastAndGreatestRange)
     EXPECT_FALSE(supports(111));
     EXPECT_TRUE(supports(51));
     EXPECT_FALSE(supports(50));
-    EXPECT_TRUE(supports(110, [](UNIT_RECORD& b) { b.FIREMISSIONN = 2; }));
-    EXPECT_FALSE(supports(110, [](UNIT_RECORD& b) { b.FIREMISSIONN = 3; }));
-    EXPECT_FALSE(supports(110, [](UNIT_RECORD& b) { b.FSP = 3; }));
-    EXPECT_FALSE(supports(110, [](UNIT_RECORD& b) { b.TYPE = 10; }));
-    EXPECT_FALSE(supports(110, [](UNIT_RECORD& b) { b.STATUS = 1; }));
-    EXPECT_FALSE(supports(110, [](UNIT_RECORD& b) { b.HIGHERHQ = 298; }));
+    EXPECT_TRUE(supports(110, "FIREMISSIONN 2"));
+    for (const char* no_support : {"FIREMISSIONN 3", "FSP 3", "TYPE 10", "STATUS 1", "HIGHERHQ 298"})
+        EXPECT_FALSE(supports(110, no_support)) << no_support;
 }
 
 TEST(DirectFire, ATargetThatTheGunsDestroyedIsNotShotAtAnyMore)

@@ -109,42 +109,33 @@ TEST(HelicopterSearch, OnStationTheFirstEnemyInSightIsAttacked)
     EXPECT_EQ(CurUnit2, 0);
 }
 
-namespace {
-
-/// The target that a flying unit chooses of: tanks at 30 pixels (301), engineers at 20 (302), guns at 60 (303),
-/// aircraft in the air (304), 0 none.
-int Chosen(int hunt, int first_class, int second_class, int operation, int tai_at)
-{
-    Board board(60, 60);
-    const int unit = Place_Helicopters(board, 150, 100);
-    UNIT[unit].FREEHUNT = hunt;
-    UNIT[unit].HPTL1 = first_class;
-    UNIT[unit].HPTL2 = second_class;
-    UNIT[unit].TACOPN = operation;
-    board.Place(RED, 150, 70);
-    board.Place(RED, 150, 80, 14);
-    board.Place(RED, 150, 40, 8);
-    UNIT[board.Place(RED, 150, 95)].MOVESTATUS = 9;
-    if (tai_at > 0) Place_Area(BLUE, 13, 150, tai_at);
-    AH_Search(unit, 150, 100);
-    for (int t = 301; t <= 304; ++t)
-        if (Posted(Cat("attack against R", To_Text(t), "!"))) return t;
-    return 0;
-}
-
-}   // namespace
-
 TEST(HelicopterSearch, InFlightOrdersComeBeforeTheHunt)
 {
-    EXPECT_EQ(Chosen(0, 0, 0, 0, 0), 0);      // neither ordered nor hunting
-    EXPECT_EQ(Chosen(1, 0, 0, 0, 0), 302);    // the nearest
-    EXPECT_EQ(Chosen(1, 0, 0, 3, 0), 303);    // on security whatever comes last
-    EXPECT_EQ(Chosen(0, 2, 0, 0, 40), 303);   // guns by the first class, inside a TAI
-    EXPECT_EQ(Chosen(0, 2, 0, 0, 300), 0);    // outside it
-    EXPECT_EQ(Chosen(0, 5, 2, 0, 60), 301);   // the first that either class names
-    EXPECT_EQ(Chosen(0, 2, 5, 0, 60), 301);
-    EXPECT_EQ(Chosen(0, 8, 0, 0, 80), 0);      // engineers are never told for what they are,
-    EXPECT_EQ(Chosen(0, 5, 0, 0, 110), 302);   // but pass for the tanks seen before them
+    constexpr int NOBODY = 0, TANKS = 301, ENGINEERS = 302, GUNS = 303, NO_TAI = -1000;
+    const CASES<const char*, int, int> cases = {
+        {"", NO_TAI, NOBODY},                     // neither ordered nor hunting
+        {"FREEHUNT 1", NO_TAI, ENGINEERS},        // the nearest
+        {"FREEHUNT 1, TACOPN 3", NO_TAI, GUNS},   // on security whatever comes last
+        {"HPTL1 2", 40, GUNS},                    // by the first class, inside a TAI
+        {"HPTL1 2", 300, NOBODY},                 // outside it
+        {"HPTL1 5, HPTL2 2", 60, TANKS},          // the first that either class names
+        {"HPTL1 2, HPTL2 5", 60, TANKS},
+        {"HPTL1 8", 80, NOBODY},       // engineers are never told for what they are,
+        {"HPTL1 5", 110, ENGINEERS},   // but pass for the tanks seen before them
+    };
+    for (const auto& [orders, tai, chosen] : cases) {
+        Board board(60, 60);
+        const int unit = Place_Helicopters(board, 150, 100);
+        Give(UNIT[unit], orders);
+        board.Place(RED, 150, 70);
+        board.Place(RED, 150, 80, 14);
+        board.Place(RED, 150, 40, 8);
+        UNIT[board.Place(RED, 150, 95)].MOVESTATUS = 9;
+        if (tai != NO_TAI) Place_Area(BLUE, 13, 150, tai);
+        AH_Search(unit, 150, 100);
+        for (int t = 301; t <= 304; ++t)
+            EXPECT_EQ(Posted(Cat("attack against R", To_Text(t), "!")), t == chosen) << orders << ' ' << t;
+    }
 }
 
 TEST(HelicopterSearch, CrewsTellEveryRoleByAClassOfTheirOwn)

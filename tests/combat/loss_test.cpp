@@ -12,26 +12,6 @@ using namespace sm::test;
 
 namespace {
 
-/// Status after a loss of ten percent at a strength.
-int Status_After(int type, float strength)
-{
-    Board board(20, 20);
-    const int u = board.Place(BLUE, 55, 55, type, 100.0f);
-    UNIT[u].STRENGTH = strength;
-    Apply_Loss(u, 10);
-    return UNIT[u].STATUS;
-}
-
-/// SUPPRESSED of a unit of 100 points after a loss.
-int Suppression_After(float loss, int mobility)
-{
-    Board board(20, 20);
-    const int u = board.Place(BLUE, 55, 55, mobility == 3 ? 11 : 5, 100.0f);
-    UNIT[u].MOBILITY = mobility;
-    Apply_Loss(u, loss);
-    return UNIT[u].SUPPRESSED;
-}
-
 /// What the modifiers of a test add, found from outside: the least chance at which a roll of 50 still holds.
 template <class Test>
 int Added_By(const char* field, int value, Test holds)
@@ -84,12 +64,19 @@ bool Stays_Down(int u, int chance)
 
 TEST(Loss, EffectivenessEndsBelowAStrengthThatGoesByTheRole)
 {
+    const auto status_after_ten_percent = [](int type, float strength) {
+        Board board(20, 20);
+        const int u = board.Place(BLUE, 55, 55, type, 100.0f);
+        UNIT[u].STRENGTH = strength;
+        Apply_Loss(u, 10);
+        return static_cast<int>(UNIT[u].STATUS);
+    };
     for (const auto& [type, effective] :
          CASES<int, float>{{5, 36}, {19, 36}, {13, 36}, {8, 15}, {2, 15}, {11, 10}, {26, 10}}) {
-        EXPECT_EQ(Status_After(type, effective + 10), 2) << type;
-        EXPECT_EQ(Status_After(type, effective + 9), 1) << type;
+        EXPECT_EQ(status_after_ten_percent(type, effective + 10), 2) << type;
+        EXPECT_EQ(status_after_ten_percent(type, effective + 9), 1) << type;
     }
-    EXPECT_EQ(Status_After(11, 10), 0);   // strength 0 with power left is destroyed, not ineffective
+    EXPECT_EQ(status_after_ten_percent(11, 10), 0);   // strength 0 with power left is destroyed, not ineffective
 }
 
 TEST(Loss, AnIneffectiveUnitDropsItsTaskAndSaysSoAtEachLoss)
@@ -140,15 +127,19 @@ TEST(Loss, PercentOfStrengthIsWholeAndAtMostAHundred)
 
 TEST(Loss, SuppressionGrowsWithTheShareOfTheBasePower)
 {
-    EXPECT_EQ(Suppression_After(5, 2), 0);   // 0.05 exactly: nothing on the ground
-    EXPECT_EQ(Suppression_After(6, 2), 1);
-    EXPECT_EQ(Suppression_After(10, 2), 2);   // 0.1 exactly
-    EXPECT_EQ(Suppression_After(20, 2), 3);   // 0.2 exactly
-    EXPECT_EQ(Suppression_After(3, 3), 0);    // 0.03 exactly
-    EXPECT_EQ(Suppression_After(4, 3), 1);
-    EXPECT_EQ(Suppression_After(7, 3), 2);    // two lines hold in the air
-    EXPECT_EQ(Suppression_After(50, 3), 4);   // 0.5 exactly still counts for both
-    EXPECT_EQ(Suppression_After(51, 3), 3);
+    constexpr bool GROUND = false, AIR = true;
+    // The shares 0.05, 0.1, 0.2 and, in the air, 0.03 and 0.5 exactly; between 0.05 and 0.5 two lines hold in the
+    // air.
+    const CASES<float, bool, int> cases = {{5, GROUND, 0},  {6, GROUND, 1}, {10, GROUND, 2},
+                                           {20, GROUND, 3}, {3, AIR, 0},    {4, AIR, 1},
+                                           {7, AIR, 2},     {50, AIR, 4},   {51, AIR, 3}};
+    for (const auto& [loss, in_the_air, suppressed] : cases) {
+        Board board(20, 20);
+        const int u = board.Place(BLUE, 55, 55, in_the_air ? 11 : 5, 100.0f);
+        UNIT[u].MOBILITY = in_the_air ? 3 : 2;
+        Apply_Loss(u, loss);
+        EXPECT_EQ(UNIT[u].SUPPRESSED, suppressed) << loss;
+    }
     Board board(20, 20);
     const int u = board.Place(BLUE, 55, 55);
     UNIT[u].RCP = 0;
@@ -224,12 +215,11 @@ TEST(Loss, ADestroyedUnitReleasesWhatIsAttachedToItAndTakesItsPassengerAlong)
     EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
     for (const int gone : {u, spent, passenger, squad}) EXPECT_EQ(UNIT[gone].STATUS, 0) << gone;
     for (const int there : {v, platoon}) {
-        const UNIT_RECORD& r = UNIT[there];
-        EXPECT_TRUE(Has(r, "STATUS 2, PARENT_UNIT 0, HIGHERHQ 0"));
-        EXPECT_EQ(r.UCONTROL + r.FSP, 0);
-        EXPECT_TRUE(Has(r, "FACING 77, LOGSTATN 50, RSF2 4, X 45"));   // 50 % of the parent's load of 8
-        EXPECT_EQ(r.HEXNUM, 4 * 3 + 2);
-        EXPECT_EQ(r.TERTYPE, 4);
+        // 50 % of the parent's load of 8
+        EXPECT_TRUE(Has(UNIT[there],
+                        "STATUS 2, PARENT_UNIT 0, HIGHERHQ 0, UCONTROL 0, FSP 0, FACING 77, LOGSTATN 50, "
+                        "RSF2 4, X 45, TERTYPE 4"));
+        EXPECT_EQ(UNIT[there].HEXNUM, 4 * 3 + 2);
     }
 }
 
@@ -242,22 +232,18 @@ TEST(MoraleTest, ModifiersAreThoseOfSuppressionCommandAndMorale)
 
 TEST(MoraleTest, HeartIsGainedAt101AndFromHighAt111)
 {
-    const auto morale_after = [](int morale, int total) {
+    // Morale 4 is told to have risen, though it cannot.
+    for (const auto& [morale, total, after, told] : CASES<int, int, int, bool>{
+             {2, 100, 2, false}, {2, 101, 3, true}, {3, 110, 3, false}, {3, 111, 4, true}, {4, 101, 4, true}}) {
         Board board(20, 20);
-        const int u = board.Place(BLUE, 55, 55);
-        UNIT[u].SUPPRESSED = UNIT[u].C2 = 2;
+        const int u = board.Place(BLUE, 55, 55), by_morale = 5 * (morale - 2);
+        Give(UNIT[u], "SUPPRESSED 2, C2 2");
         UNIT[u].MORALE = morale;
-        const int by_morale[] = {-10, -5, 0, 5, 10};
         Roll_Next(50);
-        Morale_Test(u, 2, total - 50 - by_morale[morale]);
-        EXPECT_EQ(Posted("B1 gained morale!"), total >= (morale == 3 ? 111 : 101));
-        return static_cast<int>(UNIT[u].MORALE);
-    };
-    EXPECT_EQ(morale_after(2, 100), 2);
-    EXPECT_EQ(morale_after(2, 101), 3);
-    EXPECT_EQ(morale_after(3, 110), 3);
-    EXPECT_EQ(morale_after(3, 111), 4);
-    EXPECT_EQ(morale_after(4, 101), 4);   // told, though it cannot rise
+        Morale_Test(u, 2, total - 50 - by_morale);
+        EXPECT_EQ(Posted("B1 gained morale!"), told) << total;
+        EXPECT_EQ(UNIT[u].MORALE, after) << total;
+    }
 }
 
 TEST(MoraleTest, BrokenUnitsStayBrokenAndLinesOfCommunicationUseUpARoll)
