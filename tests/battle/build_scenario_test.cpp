@@ -3,6 +3,7 @@
 #include "core/game_state.h"
 #include "persist/game_file.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/numbers.h"
 #include "support/places.h"
 #include "support/scratch.h"
@@ -56,9 +57,7 @@ TEST_F(Build_Scenario, AnAttachedUnitLeavesTheMapAndItsParentTakesUpItsFigures)
           "unit \"1 TB\" \"TK Bn (T-80)\" Leipzig\n"
           "unit \"Egr\" \"Egr Co (IMR)\"; attach \"1 TB\"; bridging 1\n");
     // TK Bn 26 and Egr Co 3.5; supply loads are the sizes, 3 and 2
-    EXPECT_EQ(UNIT[301].RCP, 29.5f);
-    EXPECT_EQ(UNIT[301].RCP2, 29.5f);
-    EXPECT_EQ(UNIT[301].RSF2, 5.0f);
+    EXPECT_TRUE(Has(UNIT[301], "RCP 29.5, RCP2 29.5, RSF2 5"));
     EXPECT_EQ(Row(UNIT[301].BRIDGING, UNIT[302].PARENT_UNIT, UNIT[302].X, UNIT[302].Y), Row(1, 301, -500, -2000));
 }
 
@@ -102,8 +101,7 @@ TEST_F(Build_Scenario, MeasuresTargetsAndEventsFillTheirRowsAndTheirCounts)
     EXPECT_EQ(Row(TG[2].TGTYPE, TG[2].TGTOT, BTOTAL, UNIT[1].FIREMISSION), Row(4, 3, 6, 1));
     EXPECT_EQ(BOBST, 2) << "a minefield fired and an obstacle laid";
     EXPECT_EQ(PP[1].PPSIDE, RED);
-    EXPECT_EQ(PP[1].PPATRIGGER, "Any Blue Unit");
-    EXPECT_EQ(PP[1].PPMSG, "Fire from the wood");
+    EXPECT_TRUE(Has(PP[1], "PPATRIGGER Any Blue Unit, PPMSG Fire from the wood"));
     EXPECT_EQ(UNIT[600].TYPE, 50);
     EXPECT_EQ(UNIT[600].X, OBJ[2].OX) << "the line of communication stands where it was placed";
     EXPECT_EQ(Row(UNIT[301].OFFMAP, UNIT[301].ATIME, UNIT[301].X), Row(1, 6, -1000));

@@ -98,7 +98,6 @@ protected:
         ASSERT_NO_FATAL_FAILURE(Open_Stock_Scenario("River.sce"));
         const Own_Program_Folder folder;
         folder.Use();
-        ATTACKER = SCENARIOT;
         SCREEN.RECORDING = true;
         const Log_Lines log;
         TURNS = {Look()};
@@ -135,17 +134,9 @@ protected:
     static inline River_Screen SCREEN;
     static inline std::vector<SEEN> TURNS;
     static inline std::vector<std::string> LOG;
-    static inline int ATTACKER = -1;
 };
 
 }   // namespace
-
-TEST_F(River_Scenario, IsAnAttackByBlueOfTenToFifteenTurns)
-{
-    EXPECT_EQ(ATTACKER, 1);
-    EXPECT_GE(MAXGTURN, 10);
-    EXPECT_LE(MAXGTURN, 15);
-}
 
 TEST_F(River_Scenario, WhatSustainsAndShapesABattleIsTold)
 {

@@ -1,5 +1,6 @@
 #include "core/unit_reset.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/log_lines.h"
 #include "support/numbers.h"
 
@@ -90,8 +91,7 @@ TEST(Reset, TheAllowanceIsBuiltStepByStep)
     EXPECT_EQ(Allowance(2, 3, 0, 0, 18, 3, 1), 18);
     Board board(10, 10);
     const int u = board.Place(BLUE, 55, 55);
-    UNIT[u].TACOPN = 2;
-    UNIT[u].STATUS = 1;
+    Give(UNIT[u], "TACOPN 2, STATUS 1");
     Set_Movement_Allowance(u);
     EXPECT_EQ(UNIT[u].MOVEPOINTS2, 26);   // 24 + 4 - 2
 }
@@ -110,16 +110,13 @@ TEST(Reset, DeliberateDefenceIsBuiltOverTheTurnsAndOnlyFromAHastyOne)
 {
     Board board(10, 10);
     const int u = board.Place(BLUE, 55, 55);
-    UNIT[u].TACOPN = 1;
-    UNIT[u].TIMERM = 2;
+    Give(UNIT[u], "TACOPN 1, TIMERM 2");
     Reset_Units();
     EXPECT_TRUE(Posted("B1: Deliberate defense will be finished in 1 turns!"));
     Reset_Units();
-    EXPECT_EQ(UNIT[u].TACOPN, 11);
-    EXPECT_EQ(UNIT[u].MISSION, "Deliberate Defense");
+    EXPECT_TRUE(Has(UNIT[u], "TACOPN 11, MISSION Deliberate Defense"));
     EXPECT_TRUE(Posted("B1: Deliberate defense is complete!"));
-    UNIT[u].TACOPN = 0;
-    UNIT[u].TIMERM = 1;
+    Give(UNIT[u], "TACOPN 0, TIMERM 1");
     Reset_Units();
     EXPECT_EQ(UNIT[u].TACOPN, 0);
 }

@@ -3,6 +3,7 @@
 #include "core/dice.h"
 #include "core/shared.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/numbers.h"
 
 #include <gtest/gtest.h>
@@ -146,11 +147,8 @@ TEST(Planning, ConvoysStartFromTheSidesOwnDepotBelowThreeQuarters)
     board.Place(BLUE, 100, 100, 13);
     const int depot = board.Place(RED, 300, 300, 13), low = board.Place(RED, 400, 300, 5),
               fair = board.Place(RED, 400, 400, 5);
-    UNIT[depot].LSF = 100;
-    UNIT[depot].LSF2 = 5.5f;
-    UNIT[low].RSF = 10;
-    UNIT[low].RSF2 = 3;
-    UNIT[low].LOGSTATN = 74;
+    Give(UNIT[depot], "LSF 100, LSF2 5.5");
+    Give(UNIT[low], "RSF 10, RSF2 3, LOGSTATN 74");
     UNIT[fair].LOGSTATN = 75;
     UNIT[low].LOGUNIT = UNIT[fair].LOGUNIT = 0;
     GTURN = 1;
@@ -231,8 +229,7 @@ TEST(Targeting, TheWorthOfATargetGrowsWithWhatItThreatensAndFallsWithItsStrength
     EXPECT_EQ(Target_Value(gun, BLUE), 4);   // 4.5, halves to even
     UNIT[gun].STRENGTH = 34;
     EXPECT_EQ(Target_Value(gun, BLUE), 2);   // 2.25
-    UNIT[gun].STRENGTH = 40;
-    UNIT[gun].TYPE = 50;
+    Give(UNIT[gun], "STRENGTH 40, TYPE 50");
     EXPECT_EQ(Target_Value(gun, BLUE), 5);
 }
 
@@ -278,9 +275,8 @@ TEST(Targeting, RocketsFollowTheStrikesAndMissilesSpareTheirOwnTroops)
     Next_Roll(88);
     Enemy_Targeting(BLUE);   // no sorties: rockets choose a target, the best: the UAV, conventional
     EXPECT_EQ(Row(TG[1].FUNIT, TG[1].TGX, TG[1].TGTYPE), Row(mrl, 1000, 1));
-    EXPECT_EQ(TG[2].FUNIT, ssm);   // the guard of 29 bars the third, and the second was better than the first
-    EXPECT_EQ(Row(TG[2].TGX, TG[2].TGTYPE), Row(800, 11));
-    EXPECT_EQ(BCHNOW, 1);
+    // The guard of 29 bars the third, and the second was better than the first.
+    EXPECT_EQ(Row(TG[2].FUNIT, TG[2].TGX, TG[2].TGTYPE, BCHNOW), Row(ssm, 800, 11, 1));
     EXPECT_EQ(Row(UNIT[first].TGTLINK, UNIT[second].TGTLINK), Row(0, 2));
 }
 
@@ -348,9 +344,7 @@ TEST(EnemyMovement, StancesReservesAndRetreats)
     Plan_Movement(PLAN{BLUE, 2, true});
     EXPECT_EQ(Row(UNIT[reserve].OX1, UNIT[reserve].TACOPN), Row(20, 4));
     Place_Unit(reserve, 20, 30);
-    UNIT[reserve].OX2 = 500;
-    UNIT[reserve].OY2 = 400;
-    UNIT[reserve].AIACTION = 0;
+    Give(UNIT[reserve], "OX2 500, OY2 400, AIACTION 0");
     Plan_Movement(PLAN{BLUE, 1, true});
     EXPECT_EQ(Row(UNIT[reserve].OX1, UNIT[reserve].OX2), Row(500, 0));   // arrived: the next destination
 }

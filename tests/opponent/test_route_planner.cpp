@@ -4,6 +4,7 @@
 #include "manoeuvre/movement.h"
 #include "manoeuvre/routes.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/numbers.h"
 #include "terrain/grid.h"
 
@@ -106,8 +107,7 @@ TEST(RoutePlanner, ADetourLeadsOverTheBridge)
     Board board({"....~....", "....~....", "....~....", "....~....", "....=....", "....~....", "....~....",
                  "....~....", "....~...."});
     const int tank = board.Place(BLUE, 5, 5);
-    UNIT[tank].OX1 = 85;
-    UNIT[tank].OY1 = 5;
+    Give(UNIT[tank], "OX1 85, OY1 5");
     Plan_Route(tank);
     ASSERT_EQ(UNIT[tank].NUMBER_OF_NODES, 2);
     EXPECT_EQ(Row(MN[2].MNX, MN[2].MNY), Row(85, 5));
@@ -153,8 +153,7 @@ TEST(RoutePlanner, OverOpenGroundTheRouteIsOneNode)
 {
     Board board(20, 20);
     const int tank = board.Place(RED, 55, 55);
-    UNIT[tank].OX1 = 155;
-    UNIT[tank].OY1 = 55;
+    Give(UNIT[tank], "OX1 155, OY1 55");
     Plan_Route(tank);
     EXPECT_EQ(Row(UNIT[tank].NUMBER_OF_NODES, MN[301].MNX), Row(1, 155));
     for (int row = 301; row <= 600; ++row) MN[row].MNUNIT = tank;

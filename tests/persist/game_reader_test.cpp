@@ -1,4 +1,5 @@
 #include "persist/game_file_fixture.h"
+#include "support/fields.h"
 #include "support/numbers.h"
 
 using namespace sm;
@@ -178,8 +179,7 @@ TEST_F(Game_Reader, KeepsTheOldQuirksOfTheFormat)
 
 TEST_F(Game_Reader, ErasesTheTablesFirstAndLeavesScalarsWeaponsAndPlayers)
 {
-    UNIT[7].ROE = 1;
-    UNIT[7].TURNLOSS = 3;
+    Give(UNIT[7], "ROE 1, TURNLOSS 3");
     MN[9].MNUNIT = P[9].PTYPE = TX[9].TXSIDE = TG[9].TGTYPE = BG[9].BGTYPE = 7;
     NBC[9].NBCTYPE = OBJ[9].OTYPE = PP[9].PPTYPE = 7;
     AAR[9].BRCP = 7;
@@ -188,8 +188,7 @@ TEST_F(Game_Reader, ErasesTheTablesFirstAndLeavesScalarsWeaponsAndPlayers)
     WPN.ROW.resize(3);
     AIRSUPER = 70;
     EXPECT_EQ(Read({"GTURN: 1"}), 0);
-    EXPECT_EQ(UNIT[7].ROE, 0);
-    EXPECT_EQ(UNIT[7].TURNLOSS, 0.0f);
+    EXPECT_TRUE(Has(UNIT[7], "ROE 0, TURNLOSS 0"));
     EXPECT_EQ(Row(MN[9].MNUNIT, P[9].PTYPE, TX[9].TXSIDE, TG[9].TGTYPE, BG[9].BGTYPE, NBC[9].NBCTYPE, OBJ[9].OTYPE,
                   PP[9].PPTYPE, SITREPLIST[1].USED, SitrepCount),
               std::vector<int>(10, 0));

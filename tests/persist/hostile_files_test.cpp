@@ -154,16 +154,4 @@ TEST_F(Hostile_Files, EveryReaderAndEveryCheckComesToAnEnd)
     HEXCOUNT = 0;
 }
 
-TEST_F(Hostile_Files, AMillionRecordsAreRefusedAtTheFirstTooMany)
-{
-    std::string text;
-    for (int i = 0; i < 1000000; ++i) text += "IMAGE: x\r\n";
-    const Log_Lines log;
-    EXPECT_EQ(Read_Game_Text(text), 9);
-    EXPECT_EQ(log.Count("line 601: more than 600 records of UNIT"), 1);
-    Fault_List faults;
-    Check_Game(text, false, faults);
-    EXPECT_LE(faults.In_Order().size(), 1001u);
-}
-
 }   // namespace

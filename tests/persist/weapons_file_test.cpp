@@ -1,5 +1,6 @@
 #include "persist/game_file_fixture.h"
 #include "persist/weapons_file.h"
+#include "support/fields.h"
 
 using namespace sm;
 using namespace sm::test;
@@ -15,8 +16,7 @@ constexpr const char* TWO_ROWS =
 
 TEST_F(Weapons_File, EachWpnLineBeginsARowAndNothingElseOfTheGameIsTouched)
 {
-    UNIT[1].NAME = "kept";
-    UNIT[1].TYPE = 5;
+    Give(UNIT[1], "NAME kept, TYPE 5");
     const Log_Lines log;
     ASSERT_EQ(Read_Weapons_Text(TWO_ROWS), 0);
     ASSERT_EQ(WPN.Count(), 2);
@@ -27,8 +27,7 @@ TEST_F(Weapons_File, EachWpnLineBeginsARowAndNothingElseOfTheGameIsTouched)
     EXPECT_EQ(WPN[2].WPN, "Tank Bn");
     EXPECT_EQ(WPN[2].RCP, 24.0f);
     EXPECT_EQ(WPN[2].TYPE, 0);
-    EXPECT_EQ(UNIT[1].NAME, "kept");
-    EXPECT_EQ(UNIT[1].TYPE, 5);
+    EXPECT_TRUE(Has(UNIT[1], "NAME kept, TYPE 5"));
     EXPECT_EQ(log.All(), (std::vector<std::string>{"Loading weapons file...", "Weapons file is loaded"}));
     EXPECT_EQ(Read_Weapons_Text("WPN: A\rRANGE: 4\rWPN: B"), 0) << "CR alone ends a line, too";
     EXPECT_EQ(WPN.Count(), 2);

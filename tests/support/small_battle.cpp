@@ -8,6 +8,7 @@
 #include "persist/game_file.h"
 #include "persist/program_folder.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "terrain/map.h"
 
 #include <stdexcept>
@@ -41,22 +42,14 @@ int Make(const UNIT_PLAN& plan)
     u.TYPE = plan.TYPE;
     u.SIZE = plan.SIZE;
     u.IMAGE = Unit_Icon_Name(plan.SIDE, plan.TYPE, plan.SIZE);
-    u.STATUS = 2;
-    u.STRENGTH = 100;
-    u.RCP = u.RCP2 = u.RCP3 = 10;
-    u.MORALE = 2;
-    u.C2 = 3;
-    u.FATIGUE = 2;
-    u.RSF = u.RSF2 = 3;
-    u.LOGSTATO = u.LOGSTATN = 100;
+    Give(u, "STATUS 2, STRENGTH 100, RCP 10, RCP2 10, RCP3 10, MORALE 2, C2 3, FATIGUE 2, RSF 3, RSF2 3, "
+            "LOGSTATO 100, LOGSTATN 100, AIACTION 5, RETREATP 2");
     u.MOBILITY = plan.TYPE == 11 || plan.TYPE == 12 || plan.TYPE == 26 ? 3 : plan.TYPE == 19 ? 0 : 2;
     u.MOVEPOINTS = u.MOVEPOINTS2 = u.MOBILITY == 3 ? 400 : u.MOBILITY == 0 ? 6 : 24;
     u.MXRANGE = plan.TYPE == 8 ? 30 : 4;
     u.TACOPN = plan.TYPE == 18 ? 1 : 0;
     u.MISSION = plan.TYPE == 18 ? "Support" : "Offense";
-    u.AIACTION = 5;
     u.FACING = plan.SIDE == BLUE ? 90 : 270;
-    u.RETREATP = 2;
     Place_Unit(unit, plan.X, plan.Y);
     Set_Footprint(unit);
     return unit;
@@ -86,11 +79,7 @@ fs::path Save_As(const Scratch_Home& home, const char* name)
 
 void Objective(int row, int type, int x, int y, int value)
 {
-    OBJ[row].OTYPE = type;
-    OBJ[row].OX = x;
-    OBJ[row].OY = y;
-    OBJ[row].OVALUE = value;
-    OBJ[row].OID = row;
+    OBJ[row] = {.OTYPE = type, .OX = x, .OY = y, .OID = row, .OVALUE = value};
 }
 
 }   // namespace
@@ -138,33 +127,23 @@ fs::path Save_Full_Battle(const Scratch_Home& home)
             Add_Move_Node(unit, Next_Free_Node(unit), x + step * 70, y + n % 5 * 12 - 24);
         }
         for (int n = 0; n < 40; ++n) {
-            const int row = (side == BLUE ? 0 : 200) + n + 1;
-            P[row].PTYPE = n % 4 == 0 ? 12 : n % 4 == 1 ? 13 : n % 4 == 2 ? 30 : 18;
-            P[row].PSIDE = side;
-            P[row].PX1 = (side == BLUE ? 100 : 600) + n % 8 * 40;
-            P[row].PY1 = 100 + n / 8 * 160;
-            P[row].PX2 = P[row].PX1 + 60;
-            P[row].PY2 = P[row].PY1 + 30;
-            P[row].PAGE = n % 3;
+            constexpr int KINDS[] = {12, 13, 30, 18};
+            const int x = (side == BLUE ? 100 : 600) + n % 8 * 40, y = 100 + n / 8 * 160;
+            P_RECORD& graphic = P[(side == BLUE ? 0 : 200) + n + 1];
+            graphic = {.PTYPE = KINDS[n % 4], .PSIDE = side, .PX1 = x, .PY1 = y, .PX2 = x + 60, .PY2 = y + 30};
+            graphic.PAGE = n % 3;
         }
     }
     for (int n = 0; n < 50; ++n) {
-        NBC[n + 1].NBCTYPE = n % 3 == 0 ? 11 : n % 3 == 1 ? 20 : 21;
-        NBC[n + 1].NBCX = 80 + n % 10 * 90;
-        NBC[n + 1].NBCY = 120 + n / 10 * 180;
-        NBC[n + 1].NBCHEX = Hex_Number(NBC[n + 1].NBCX, NBC[n + 1].NBCY);
-        NBC[n + 1].NBCSIZE = 36;
-        NBC[n + 1].NBCSIDE = 1 + n % 2;
-        NBC[n + 1].NBCVISIBLE = 1;
-        NBC[n + 1].NBCSTIME = 30;
+        constexpr int KINDS[] = {11, 20, 21};
+        const int x = 80 + n % 10 * 90, y = 120 + n / 10 * 180;
+        NBC[n + 1] = {Hex_Number(x, y), x, y, 1 + n % 2};
+        Give(NBC[n + 1], "NBCVISIBLE 1, NBCSTIME 30, NBCSIZE 36");
+        NBC[n + 1].NBCTYPE = KINDS[n % 3];
         Objective(n + 1, 1 + n % 3, 110 + n % 10 * 85, 150 + n / 10 * 170, 200);
     }
     for (int n = 0; n < 20; ++n) {
-        TX[n + 1].TXTYPE = 1;
-        TX[n + 1].TXSIDE = BOTH;
-        TX[n + 1].TXX1 = 70 + n % 5 * 190;
-        TX[n + 1].TXY1 = 90 + n / 5 * 230;
-        TX[n + 1].TXTEXT = Cat("Phase line ", To_Text(n + 1));
+        TX[n + 1] = {1, BOTH, 70 + n % 5 * 190, 90 + n / 5 * 230, Cat("Phase line ", To_Text(n + 1))};
     }
     return Save_As(home, "Full Battle.sce");
 }
