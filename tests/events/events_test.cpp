@@ -93,37 +93,30 @@ TEST(Events, AnEventReachesHalfTheFootprintAndEightPixels)
     }
 }
 
-TEST(Events, AStopTakesAllMovementFromGroundUnitsAgainAndAgain)
+TEST(Events, AStopTakesAllMovementAndASlowdownHalfOfTheBaseAgainAndAgain)
 {
-    Road road(2);
-    PP[4].PPOBSTACLE = 2;
-    road.Meet();
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 0);
-    EXPECT_EQ(road.LOG.All(), (std::vector<std::string>{"B1 movement is stopped."}));
-    road.Meet();
-    EXPECT_EQ(road.LOG.All().size(), 1u);   // nothing left to take
-    UNIT[road.COLUMN].MOVEPOINTS2 = 24;
-    road.Meet();   // the next turn: it has happened, and stops all the same
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 0);
-    Give(UNIT[road.COLUMN], "MOVEPOINTS2 24, MOBILITY 3");
-    road.Meet();
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 24);
-}
-
-TEST(Events, ASlowdownTakesHalfOfTheBaseOnceMoreThanHalfIsLeft)
-{
-    Road road(2);
-    PP[4].PPOBSTACLE = 1;
-    UNIT[road.COLUMN].MOVEPOINTS2 = 20;
-    road.Meet();
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 8);   // 20 - 12
-    EXPECT_EQ(road.LOG.All(), (std::vector<std::string>{"B1 movement is slowed."}));
-    UNIT[road.COLUMN].MOVEPOINTS2 = 12;
-    road.Meet();
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 12);
-    UNIT[road.COLUMN].MOVEPOINTS2 = 13;
-    road.Meet();
-    EXPECT_EQ(UNIT[road.COLUMN].MOVEPOINTS2, 1);
+    struct CASE {
+        const char *EVENT, *BEFORE, *AFTER, *LOG;
+    };
+    // The base is 24; a slowdown takes 12 of more than 12.
+    const CASE cases[] = {
+        {"PPOBSTACLE 2", "MOVEPOINTS2 24", "MOVEPOINTS2 0", "B1 movement is stopped."},
+        {"PPOBSTACLE 2", "MOVEPOINTS2 0", "MOVEPOINTS2 0", ""},
+        {"PPOBSTACLE 2, PPACTIVE 1", "MOVEPOINTS2 24", "MOVEPOINTS2 0",
+         "B1 movement is stopped."},                                            // has happened
+        {"PPOBSTACLE 2", "MOVEPOINTS2 24, MOBILITY 3", "MOVEPOINTS2 24", ""},   // flies
+        {"PPOBSTACLE 1", "MOVEPOINTS2 20", "MOVEPOINTS2 8", "B1 movement is slowed."},
+        {"PPOBSTACLE 1", "MOVEPOINTS2 12", "MOVEPOINTS2 12", ""},
+        {"PPOBSTACLE 1, PPACTIVE 1", "MOVEPOINTS2 13", "MOVEPOINTS2 1", "B1 movement is slowed."},
+    };
+    for (const CASE& c : cases) {
+        Road road(2);
+        Give(PP[4], c.EVENT);
+        Give(UNIT[road.COLUMN], c.BEFORE);
+        road.Meet();
+        EXPECT_TRUE(Has(UNIT[road.COLUMN], c.AFTER)) << c.EVENT << ": " << c.BEFORE;
+        EXPECT_EQ(road.LOG.All(), *c.LOG == 0 ? std::vector<std::string>{} : std::vector<std::string>{c.LOG});
+    }
 }
 
 TEST(Events, AttritionIsTakenOnceFromWhatTheUnitHasLeft)
@@ -143,8 +136,7 @@ TEST(Events, AttritionIsTakenOnceFromWhatTheUnitHasLeft)
         EXPECT_FLOAT_EQ(UNIT[road.COLUMN].TURNLOSS, 8.0f);   // 20 percent of 40
         EXPECT_EQ(UNIT[road.COLUMN].RCP2, 40.0f);            // applied with the turn's other losses
         EXPECT_EQ(Messages(), (std::vector<std::string>{c.TEXT}));
-        EXPECT_EQ(SITREPLIST[1].SIDE, BOTH);
-        EXPECT_EQ(SITREPLIST[1].UNIT, road.COLUMN);
+        EXPECT_TRUE(Has(SITREPLIST[1], "SIDE BOTH, UNIT 1"));
         EXPECT_FLOAT_EQ(BMANL, c.MANOEUVRE);
         EXPECT_FLOAT_EQ(BARTYL, c.ARTILLERY);
         EXPECT_TRUE(road.Happened());

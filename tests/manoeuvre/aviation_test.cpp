@@ -3,9 +3,9 @@
 #include "core/seat.h"
 #include "core/state_hash.h"
 #include "intel/area_triggers.h"
-#include "manoeuvre/routes.h"
 #include "support/fields.h"
 #include "support/fires.h"
+#include "support/march.h"
 
 using namespace sm;
 using namespace sm::test;
@@ -18,14 +18,6 @@ int Place_Landed(Board& board, int type, int side = BLUE)
     const int unit = Place_In_The_Air(board, side, 55, 55, type);
     Give(UNIT[unit], "MOVESTATUS 0, TACOPN 4");
     return unit;
-}
-
-/// Plots a node; returns its row.
-int Plot(int unit, int x, int y)
-{
-    const int row = Next_Free_Node(unit);
-    Add_Move_Node(unit, row, x, y);
-    return row;
 }
 
 void Fly_Slices(int n)
@@ -46,8 +38,8 @@ TEST(Aviation, AHelicopterFliesOutHoldsItsStationAndIsHomeWithItsLastDropOfFuel)
 {
     Board board(60, 60);
     const int unit = Place_Landed(board, 11);
-    const int station = Plot(unit, 255, 55);   // 20 cells out
-    Plot(unit, 55, 55);                        // and 20 back
+    const int station = Plot(unit, {{255, 55}});   // 20 cells out
+    Plot(unit, {{55, 55}});                        // and 20 back
     UNIT[unit].LZ = station;
     const UNIT_RECORD& u = UNIT[unit];
     EXPECT_TRUE(Has(u, "MOVESTATUS 9, DISTANCE_TO_END 40"));
@@ -75,8 +67,7 @@ TEST(Aviation, AHelicopterWaitsForItsNAIHuntsInItsTAIAndTurnsForHomeWithoutAmmun
     Place_Area(BLUE, 13, 255, 55);
     UNIT[unit].NAI = nai;
     UNIT[unit].MOVESTATUS = 7;
-    Plot(unit, 355, 55);
-    const int home = Plot(unit, 55, 55);
+    const int home = Plot(unit, {{355, 55}, {55, 55}});
     const UNIT_RECORD& u = UNIT[unit];
     EXPECT_EQ(u.MOVESTATUS, 7);
     EXPECT_TRUE(After(3, u, "X 55, TIMERM 0"));
@@ -110,10 +101,10 @@ TEST(Aviation, AnAirAssaultTakesInfantryFromItsPickUpToItsLandingZone)
     UNIT[infantry].MOBILITY = 0;
     UNIT[infantry].CARRIER = lift;
     UNIT[infantry].SUPPRESSED = 3;
-    Plot(infantry, 105, 155);
-    UNIT[lift].PZ = Plot(lift, 105, 55);
-    UNIT[lift].LZ = Plot(lift, 205, 55);
-    Plot(lift, 55, 55);
+    Plot(infantry, {{105, 155}});
+    UNIT[lift].PZ = Plot(lift, {{105, 55}});
+    UNIT[lift].LZ = Plot(lift, {{205, 55}});
+    Plot(lift, {{55, 55}});
     HEXMAP[UNIT[board.Place(BLUE, 205, 55)].HEXNUM].TVALUE = 4;
     const UNIT_RECORD& l = UNIT[lift];
     const UNIT_RECORD& k = UNIT[infantry];
@@ -138,9 +129,9 @@ TEST(Aviation, AnAbortedAssaultPutsItsPassengerDownAtHome)
     Board board(60, 60);
     const int lift = Place_Landed(board, 12), infantry = board.Place(BLUE, 105, 55, 19);
     UNIT[infantry].CARRIER = lift;
-    UNIT[lift].PZ = Plot(lift, 105, 55);
-    UNIT[lift].LZ = Plot(lift, 205, 55);
-    Plot(lift, 55, 65);
+    UNIT[lift].PZ = Plot(lift, {{105, 55}});
+    UNIT[lift].LZ = Plot(lift, {{205, 55}});
+    Plot(lift, {{55, 65}});
     Fly_Slices(8);
     Abort_Mission(lift);
     EXPECT_TRUE(Has(UNIT[lift], "MOVESTATUS 10, NUMBER_OF_NODES 1"));
@@ -154,8 +145,7 @@ TEST(Aviation, AtFourHundredEveryAircraftIsDownWhereverItIs)
 {
     Board board(60, 60);
     const int unit = Place_Landed(board, 12);
-    Plot(unit, 555, 55);
-    Plot(unit, 55, 55);
+    Plot(unit, {{555, 55}, {55, 55}});
     Give(UNIT[unit], "TIMERM 398, VISIBLE -1, SPOTTED 2");
     EXPECT_TRUE(After(1, UNIT[unit], "MOVESTATUS 9"));
     EXPECT_TRUE(After(1, UNIT[unit], "MOVESTATUS 0, X 75, VISIBLE 0, SPOTTED 0, NUMBER_OF_NODES 2"));
@@ -170,13 +160,12 @@ TEST(Aviation, AShortOrBrokenFlightEndsAndNobodyIsStuck)
     Give(UNIT[unit], "MOVESTATUS 9, TIMERM 20, SUPPRESSED 3");
     EXPECT_TRUE(After(1, UNIT[unit], "MOVESTATUS 0, TIMERM 0"));   // MOVESTATUS: in the air without a node: down
     EXPECT_EQ(UNIT[unit].SUPPRESSED, 0);
-    Plot(unit, 155, 55);
-    const int home = Plot(unit, 55, 55);
+    const int home = Plot(unit, {{155, 55}, {55, 55}});
     UNIT[unit].LZ = home;
     UNIT[unit].MOVESTATUS = 10;
     EXPECT_TRUE(After(20, UNIT[unit], "MOVESTATUS 0"));   // an aborting aircraft is not held at its station
     UNIT[unit].MOVEPOINTS2 = 0;
-    Plot(unit, 155, 55);
+    Plot(unit, {{155, 55}});
     EXPECT_TRUE(After(5, UNIT[unit], "X 55, TIMERM 5"));   // TIMERM: time runs all the same
 }
 
@@ -239,8 +228,7 @@ TEST(Aviation, WhatASeatLooksAtChangesNothing)
         UNIT[unit].MXRANGE = 3;
         Place_Area(BLUE, 13, 155, 55);
         board.Place(RED, 155, 65);
-        Plot(unit, 255, 55);
-        Plot(unit, 55, 55);
+        Plot(unit, {{255, 55}, {55, 55}});
         for (int slice = 0; slice < 60; ++slice) {
             Aviation_Pass();
             if (slice % 12 == 0) Sensor_Slice();
