@@ -4,6 +4,7 @@
 #include "combat/retreat.h"
 #include "core/unit_reset.h"
 #include "support/board.h"
+#include "support/fields.h"
 #include "support/log_lines.h"
 #include "support/scratch.h"
 
@@ -18,49 +19,23 @@ namespace sm::test {
 
 namespace {
 
-struct FIELD_VALUE {
-    const char* FIELD;
-    int VALUE;
-};
 struct WORD {
-    const char* TEXT;
-    std::vector<FIELD_VALUE> MEANS;
+    std::string_view TEXT, MEANS;
 };
-
-const std::vector<WORD>& Words()
-{
-    static const std::vector<WORD> WORDS = {
-        {"tanks", {{"TYPE", 5}, {"MOBILITY", 2}}},
-        {"mechanised infantry", {{"TYPE", 20}, {"MOBILITY", 2}}},
-        {"infantry", {{"TYPE", 19}, {"MOBILITY", 0}}},
-        {"cavalry", {{"TYPE", 6}, {"MOBILITY", 2}}},
-        {"scouts", {{"TYPE", 24}, {"MOBILITY", 1}}},
-        {"engineers", {{"TYPE", 14}, {"MOBILITY", 2}}},
-        {"guns", {{"TYPE", 8}, {"MOBILITY", 2}}},
-        {"air defence", {{"TYPE", 1}, {"MOBILITY", 2}}},
-        {"headquarters", {{"TYPE", 18}, {"MOBILITY", 1}}},
-        {"depot", {{"TYPE", 13}, {"MOBILITY", 1}}},
-        {"psyops", {{"TYPE", 23}, {"MOBILITY", 1}}},
-        {"attack helicopters", {{"TYPE", 11}, {"MOBILITY", 3}}},
-        {"convoy", {{"TYPE", 13}, {"SIZE", 100}, {"MOBILITY", 1}, {"TACOPN", 4}}},
-        {"squad", {{"SIZE", 0}}},
-        {"company", {{"SIZE", 2}}},
-        {"battalion", {{"SIZE", 3}}},
-        {"brigade", {{"SIZE", 4}}},
-        {"attacks", {{"TACOPN", 0}}},
-        {"defends", {{"TACOPN", 1}}},
-        {"breaches", {{"TACOPN", 2}}},
-        {"screens", {{"TACOPN", 3}}},
-        {"withdraws", {{"TACOPN", 4}}},
-        {"dug in", {{"TACOPN", 11}}},
-        {"marches", {{"MOVESTATUS", 2}}},
-        {"flies", {{"MOVESTATUS", 9}}},
-        {"holds fire", {{"ROE", 1}}},
-        {"ineffective", {{"STATUS", 1}, {"STRENGTH", 30}}},
-        {"out of supply", {{"LOGSTATN", 0}}},
-    };
-    return WORDS;
-}
+// clang-format off
+constexpr WORD WORDS[] = {
+    {"tanks", "TYPE 5, MOBILITY 2"}, {"mechanised infantry", "TYPE 20, MOBILITY 2"},
+    {"infantry", "TYPE 19, MOBILITY 0"}, {"cavalry", "TYPE 6, MOBILITY 2"}, {"scouts", "TYPE 24, MOBILITY 1"},
+    {"engineers", "TYPE 14, MOBILITY 2"}, {"guns", "TYPE 8, MOBILITY 2"}, {"air defence", "TYPE 1, MOBILITY 2"},
+    {"headquarters", "TYPE 18, MOBILITY 1"}, {"depot", "TYPE 13, MOBILITY 1"},
+    {"psyops", "TYPE 23, MOBILITY 1"}, {"attack helicopters", "TYPE 11, MOBILITY 3"},
+    {"convoy", "TYPE 13, SIZE 100, MOBILITY 1, TACOPN 4"}, {"squad", "SIZE 0"}, {"company", "SIZE 2"},
+    {"battalion", "SIZE 3"}, {"brigade", "SIZE 4"}, {"attacks", "TACOPN 0"}, {"defends", "TACOPN 1"},
+    {"breaches", "TACOPN 2"}, {"screens", "TACOPN 3"}, {"withdraws", "TACOPN 4"}, {"dug in", "TACOPN 11"},
+    {"marches", "MOVESTATUS 2"}, {"flies", "MOVESTATUS 9"}, {"holds fire", "ROE 1"},
+    {"ineffective", "STATUS 1, STRENGTH 30"}, {"out of supply", "LOGSTATN 0"},
+};
+// clang-format on
 
 const FIELD* Unit_Field(std::string_view key)
 {
@@ -161,11 +136,8 @@ private:
 
     void Set(int u, std::string word)
     {
-        for (const WORD& known : Words()) {
-            if (word != known.TEXT) continue;
-            for (const FIELD_VALUE& f : known.MEANS) Store(u, f.FIELD, static_cast<float>(f.VALUE));
-            return;
-        }
+        for (const WORD& known : WORDS)
+            if (word == known.TEXT) return Give(UNIT[u], known.MEANS);
         std::string key = Split_Token(word, ' ');
         if (unit_.count(std::string(Trim(word))))
             Store(u, key, static_cast<float>(unit_[std::string(Trim(word))]));
@@ -177,13 +149,8 @@ private:
 
     void Store(int u, std::string_view key, float value)
     {
-        const FIELD* field = Unit_Field(key);
-        if (field == nullptr)
-            Fail(Cat("no field ", key));
-        else if (field->KIND == Kind::I16)
-            Field_Value<Int16>(&UNIT[u], *field) = value;
-        else
-            Field_Value<float>(&UNIT[u], *field) = value;
+        if (Unit_Field(key) == nullptr) return Fail(Cat("no field ", key));
+        Give(UNIT[u], Cat(key, " ", To_Text(value)));
         if (key == "RCP") UNIT[u].RCP2 = UNIT[u].RCP3 = value;
     }
 
