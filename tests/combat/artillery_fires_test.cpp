@@ -369,8 +369,7 @@ TEST(Demolition, EngineersNeedTwoOthersThreeAndEveryEnemyNearTakesOneOff)
         const int engineer = board.Place(BLUE, 60, 45, type);
         for (int i = 0; i < enemies_near; ++i) board.Place(RED, 60, 45);
         if (enemy_on_bridge) board.Place(RED, 95, 45);
-        const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
-        TG[slot].TGHEX = UNIT[board.Place(BLUE, 95, 45)].HEXNUM;
+        Place_Mission(BLUE, 150, 95, 45, engineer, 11);
         UNIT[engineer].FIREMISSION = 2;   // whatever else it was to do is off
         Roll_Next(roll);
         Run_Targets(2, 1, 100);

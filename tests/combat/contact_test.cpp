@@ -8,6 +8,7 @@
 #include "support/log_lines.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace sm;
 using namespace sm::test;
@@ -83,8 +84,8 @@ TEST(Contact, LookingOnlyAtRowsThatCanBeNearChangesNothing)
 {
     const auto hash_after = [](bool watched) {
         Board board(60, 60);
-        for (int n = 0; n < 200;
-             ++n) {   // a crowd: enemies beside and behind one another, a tenth of them screens
+        // a crowd: enemies beside and behind one another, a tenth of them screens
+        for (int n = 0; n < 200; ++n) {
             const int side = n % 3 == 0 ? RED : BLUE;
             const int u = board.Place(side, 20 + n * 37 % 560, 20 + n * 91 % 560, n % 27);
             UNIT[u].TACOPN = n % 10 == 0 ? 3 : n % 7 == 0 ? 4 : 0;
@@ -93,15 +94,10 @@ TEST(Contact, LookingOnlyAtRowsThatCanBeNearChangesNothing)
             Set_Footprint(u);
             if (UNIT[u].TACOPN == 3) Set_Screen(u);
         }
-        const auto fight = [] {
-            for (int u = 1; u <= MAX_UNIT; ++u) Engage_Unit(u, FIRE);
-        };
-        if (watched) {
-            const Places_Watched places;
-            fight();
-        } else {
-            fight();
-        }
+        std::optional<Places_Watched> places;
+        if (watched) places.emplace();
+        for (int u = 1; u <= MAX_UNIT; ++u) Engage_Unit(u, FIRE);
+        places.reset();
         EXPECT_GT(RMANL, 50);   // there was a fight, and some of them ran
         EXPECT_TRUE(Posted("We are retreating!"));
         return State_Hash();

@@ -128,8 +128,7 @@ TEST(Passengers, FightersHurtThemToo)
 
 TEST(FiresOnTheMap, MinesAndBlownBridgesChangeTheGround)
 {
-    Board board({"....................", "....................", "....................", "....................",
-                 ".........=..........", "...................."});
+    Board board = Ground_With_Bridge();
     AIRSUPER = 100;
     const int battery = Place_Battery(board, BLUE, 15, 15);
     const int meadow = Hex_Number(55, 25), bridge = Hex_Number(95, 45);
@@ -142,10 +141,8 @@ TEST(FiresOnTheMap, MinesAndBlownBridgesChangeTheGround)
     RSEED = 9;             // fighters 5, mines 5
     Air_Mission(Place_Mission(BLUE, 4, 75, 25, 0, 12, 2));
     EXPECT_EQ(Cell_Value(Hex_Number(75, 25)), 11);
-    const int slot = Place_Mission(BLUE, 3, 95, 45, 0, 11, 2);
-    TG[slot].TGHEX = bridge;
     RSEED = 9;
-    Air_Mission(slot);
+    Air_Mission(Place_Mission(BLUE, 3, 95, 45, 0, 11, 2));
     EXPECT_EQ(Cell_Value(bridge), 5);
     EXPECT_EQ(BG[7].BGTYPE, 5);
     EXPECT_TRUE(Posted("Bomber Misson: Bridge is destroyed!"));
@@ -177,15 +174,13 @@ TEST(FiresOnTheMap, AnObstacleTaskCostsTheEngineersTheirMarch)
 {
     Board board(20, 20);
     const int engineers = board.Place(BLUE, 55, 55, 14);
-    const int slot = Place_Mission(BLUE, 151, 65, 55, engineers);
-    TG[slot].TGHEX = Hex_Number(65, 55);
+    Place_Mission(BLUE, 151, 65, 55, engineers);
     Run_Targets(2, 1, 100);
     EXPECT_EQ(UNIT[engineers].MOVEPOINTS2, 0);
     EXPECT_EQ(Cell_Value(Hex_Number(65, 55)), 11);
     EXPECT_EQ(UNIT[engineers].FIREMISSION, 0);
     Give(UNIT[engineers], "STATUS 1, MOVEPOINTS2 24");
     const int late = Place_Mission(BLUE, 151, 75, 55, engineers);
-    TG[late].TGHEX = Hex_Number(75, 55);
     Run_Targets(2, 1, 100);
     EXPECT_EQ(UNIT[engineers].MOVEPOINTS2, 24);
     EXPECT_EQ(Cell_Value(Hex_Number(75, 55)), 0);
@@ -194,15 +189,13 @@ TEST(FiresOnTheMap, AnObstacleTaskCostsTheEngineersTheirMarch)
 
 TEST(FiresOnTheMap, ABlownBridgeCarriesNoUnitAnyMoreAndAnObstacleOnItStays)
 {
-    Board board({"....................", "....................", "....................", "....................",
-                 ".........=..........", "...................."});
+    Board board = Ground_With_Bridge();
     const int engineer = board.Place(BLUE, 60, 45, 14), rider = board.Place(BLUE, 95, 45);
     const int bridge = UNIT[rider].HEXNUM;
     BG[3].BGHEX = bridge;
     BG[3].BGTYPE = 7;
     Set_Cell(bridge, 18, "Obstacle");
-    const int slot = Place_Mission(BLUE, 150, 95, 45, engineer, 11);
-    TG[slot].TGHEX = bridge;
+    Place_Mission(BLUE, 150, 95, 45, engineer, 11);
     Roll_Next(100);
     Run_Targets(2, 1, 100);
     EXPECT_EQ(Cell_Value(bridge), 16);

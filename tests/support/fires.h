@@ -4,6 +4,7 @@
 #include "core/game_state.h"
 #include "support/board.h"
 #include "support/dice.h"
+#include "terrain/grid.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,13 @@ namespace sm::test {
 
 /// Rolls made since the last Roll_Next or setting of RSEED to `from`.
 inline int Rolls_Since(int from) { return RSEED - from; }
+
+/// Open ground with a bridge at (95, 45).
+inline Board Ground_With_Bridge()
+{
+    const std::string_view open = "....................";
+    return Board({open, open, open, open, ".........=..........", open});
+}
 
 /// A target row of this turn in the half of `side`.
 inline int Place_Mission(int side, int type, int x, int y, int firer = 0, int target_class = 0, int sorties = 0)
@@ -21,6 +29,7 @@ inline int Place_Mission(int side, int type, int x, int y, int firer = 0, int ta
     TG[row].TGTYPE = type;
     TG[row].TGX = x;
     TG[row].TGY = y;
+    TG[row].TGHEX = Hex_Number(x, y);
     TG[row].TGTOT = GTURN;
     TG[row].FUNIT = firer;
     TG[row].TGHPT = target_class;
