@@ -105,16 +105,12 @@ TEST(Pictures, EveryMapMarkThatTheGameNamesIsThere)
     }
 }
 
-TEST(Pictures, EveryKindOfIncidentHasOne)
+TEST(Pictures, EveryKindOfIncidentHasOneAndTheProgramFolderOfTheBuildHasThemAll)
 {
     for (int number = 1; number <= 49; ++number) {
         if (number == 26 || number == 40) continue;   // no kind has these
         EXPECT_EQ(Icon_Sizes(DATA / "events" / (std::to_string(number) + ".ico")), ON_THE_MAP) << number;
     }
-}
-
-TEST(Pictures, TheProgramFolderOfTheBuildHasThemAll)
-{
     for (const char* folder : {"icons", "events"}) {
         const auto built = Names_In(fs::path(STONEMARCH_HOME_DIR) / folder), drawn = Names_In(DATA / folder);
         EXPECT_TRUE(std::includes(built.begin(), built.end(), drawn.begin(), drawn.end())) << folder;

@@ -158,9 +158,7 @@ TEST(Reset, AnActiveNAIWatchesUnitsAndWorksAroundIt)
     EXPECT_EQ(UNIT[near].SPOTTED, 0);   // not active yet
     P[1].PAGE = 2;
     Reset_Units();
-    EXPECT_EQ(UNIT[near].SPOTTED, 1);   // at 40 pixels
-    EXPECT_EQ(UNIT[far].SPOTTED, 0);    // at 41
-    EXPECT_EQ(BG[1].BGVISIBLE, 0);
+    EXPECT_EQ(Row(UNIT[near].SPOTTED, UNIT[far].SPOTTED, BG[1].BGVISIBLE), Row(1, 0, 0));   // at 40 and 41 pixels
     BG[1].BGX = 504;   // 40.9 km counts as 40
     Reset_Units();
     EXPECT_EQ(BG[1].BGVISIBLE, 1);

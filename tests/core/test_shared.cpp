@@ -25,13 +25,12 @@ TEST(Dice, ThePositionWalksTheTableAndComesRound)
 
 TEST(Shared, BearingsAreCompassDegreesOnAMapWhoseRowsRunDown)
 {
-    EXPECT_EQ(Bearing_To(50, 50, 50, 10), 0);      // north
-    EXPECT_EQ(Bearing_To(50, 50, 60, 40), 45);     // atan 1 x 180 / 3.14159 = 45.00004
-    EXPECT_EQ(Bearing_To(50, 50, 60, 50), 95);     // dy counts as 1: 180 - 84.29
-    EXPECT_EQ(Bearing_To(50, 50, 50, 90), 180);
-    EXPECT_EQ(Bearing_To(50, 50, 40, 40), 314);    // 360 - 45.00004
-    EXPECT_EQ(Bearing_To(50, 50, 40, 60), 225);
-    EXPECT_EQ(Bearing_To(50, 50, 50, 50), 180);    // the same point
+    const int bearings[][3] = {{50, 10, 0},                                   // north
+                               {60, 40, 45},                                  // atan 1 x 180 / 3.14159 = 45.00004
+                               {60, 50, 95},                                  // dy counts as 1: 180 - 84.29
+                               {50, 90, 180}, {40, 60, 225}, {40, 40, 314},   // 360 - 45.00004
+                               {50, 50, 180}};                                // the same point
+    for (const auto& [x, y, bearing] : bearings) EXPECT_EQ(Bearing_To(50, 50, x, y), bearing) << x << " " << y;
 }
 
 TEST(Shared, AspectBandsMeetExactly)
@@ -109,8 +108,7 @@ TEST(Messages, RowsRunTo299AndTrafficLoadsUnitAndHeadquarters)
     Post_Own(u, "again", 0);
     EXPECT_EQ(UNIT[hq].C2T, 1);
     Clear_Sitrep();
-    EXPECT_EQ(SitrepCount, 0);
-    EXPECT_EQ(SITREPLIST[1].UNIT, 0);
+    EXPECT_EQ(Row(SitrepCount, SITREPLIST[1].UNIT), Row(0, 0));
 }
 
 TEST(Messages, TheStatusLineKeepsWhatIsMeantForTheEnemyToItselfAndEverySeatWaitsAsLong)
@@ -136,15 +134,13 @@ TEST(Removal, ARemovedUnitFreesItsRowAndItsNodesButOthersKeepTheirReferences)
 {
     Board board(10, 10);
     const int a = board.Place(RED, 15, 15), b = board.Place(RED, 25, 25);
-    UNIT[b].HIGHERHQ = a;
-    UNIT[b].PASSENGER = a;
+    UNIT[b].HIGHERHQ = UNIT[b].PASSENGER = a;
     MN[301].MNUNIT = a;
     MN[302].MNUNIT = b;
     Remove_Unit(a);
     EXPECT_EQ(Row(UNIT[a].STATUS, UNIT[a].X, UNIT[a].Y, UNIT[b].PASSENGER), Row(0, 4000, 4000, 0));
     EXPECT_EQ(UNIT[a].RCP, 0.0f);
-    EXPECT_EQ(Row(MN[301].MNUNIT, MN[302].MNUNIT), Row(0, b));
-    EXPECT_EQ(UNIT[b].HIGHERHQ, a);
+    EXPECT_EQ(Row(MN[301].MNUNIT, MN[302].MNUNIT, UNIT[b].HIGHERHQ), Row(0, b, a));
 }
 
 TEST(Removal, ALiftUnitThatLosesItsRoutePutsItsPassengerDownShaken)
@@ -161,8 +157,7 @@ TEST(Removal, ALiftUnitThatLosesItsRoutePutsItsPassengerDownShaken)
     Place_Off_Picture(inf);
     EXPECT_EQ(UNIT[inf].HEXNUM, 0);
     Clear_Route(lift);
-    EXPECT_EQ(UNIT[inf].X, 45);
-    EXPECT_EQ(UNIT[inf].HEXNUM, 45);       // column 5, row 5 of a grid of 10 rows: 4 x 10 + 5
+    EXPECT_EQ(Row(UNIT[inf].X, UNIT[inf].HEXNUM), Row(45, 45));   // column 5, row 5 of 10 rows: 4 x 10 + 5
     EXPECT_EQ(Row(UNIT[inf].SUPPRESSED, UNIT[inf].CARRIER, UNIT[waiting].CARRIER, UNIT[lift].PASSENGER),
               Row(4, 0, 0, 0));
     EXPECT_EQ(l.TIMERM + l.SENSORS + l.PZ + l.LZ + l.FREEHUNT + l.DISTANCE_TO_END + l.MOVECOST_TO_END, 0);
@@ -184,18 +179,15 @@ TEST(Removal, AnErasedControlMeasureLowersItsSidesCountAndADrawingNone)
         Erase_Graphic(row);
         EXPECT_EQ(P[row].PTYPE, 0);
     }
-    EXPECT_EQ(Row(BNAI, RTAI, BSEAD, RCFFZ), Row(1, 1, 1, 1));
-    EXPECT_EQ(RNAI, 0);   // never below 0
+    EXPECT_EQ(Row(BNAI, RTAI, BSEAD, RCFFZ, RNAI), Row(1, 1, 1, 1, 0));   // never below 0
     P[2].LINKEDGRAPHIC = 1;
-    P[2].LINKEDUNIT = 5;
-    P[3].LINKEDUNIT = 5;
+    P[2].LINKEDUNIT = P[3].LINKEDUNIT = 5;
     Erase_Graphic(1);
     EXPECT_EQ(Row(P[2].LINKEDUNIT, P[3].LINKEDUNIT), Row(0, 5));
     NBC[4] = {.NBCHEX = 7, .NBCTYPE = 11};
     HEXMAP[7].TCONTAM = 1;
     Remove_NBC(4);
-    EXPECT_EQ(HEXMAP[7].TCONTAM, 0);
-    EXPECT_EQ(NBC[4].NBCTYPE, 0);
+    EXPECT_EQ(Row(HEXMAP[7].TCONTAM, NBC[4].NBCTYPE), Row(0, 0));
     NBC[4].NBCHEX = 101;   // beside the grid
     Remove_NBC(4);
     EXPECT_EQ(NBC[4].NBCHEX, 0);

@@ -54,8 +54,7 @@ TEST(Planning, ABeatenSideLowersItsAimForGood)
 {
     Board board(20, 20);
     const int a = board.Place(BLUE, 50, 50, 5, 100);
-    BFOBJ = 0;
-    SCENARIOT = 0;
+    BFOBJ = SCENARIOT = 0;
     UNIT[a].RCP2 = 41;
     EXPECT_EQ(Assess_Situation(BLUE).FORCE, 0);
     EXPECT_TRUE(Assess_Situation(BLUE).DEFENDING);   // Red attacks

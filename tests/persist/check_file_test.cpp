@@ -1,3 +1,4 @@
+#include "core/session.h"
 #include "persist/game_file_fixture.h"
 
 #include <algorithm>
@@ -17,20 +18,13 @@ protected:
         MAPSCALE = 6;
         HEXWIDTH = 6;
         NUMROWS = NUMCOLS = 168;
-        GTIME = "0900";
-        GDAY = "9";
-        GMONTH = "Feb";
-        BMNT = 600;
-        EENT = 2100;
-        MAXGTURN = 15;
+        Set_Start_Defaults();
         for (const int u : {1, 301}) {
             UNIT[u].STATUS = 2;
             UNIT[u].SIDE = u == 1 ? BLUE : RED;
         }
         UNIT[1].NUMBER_OF_NODES = 2;
-        for (int row = 1; row <= 2; ++row) {
-            MN[row] = {.MNUNIT = 1, .MNUNITNUMBER = row, .MNSIDE = BLUE};
-        }
+        for (int row = 1; row <= 2; ++row) MN[row] = {.MNUNIT = 1, .MNUNITNUMBER = row, .MNSIDE = BLUE};
     }
 
     /// Faults and remarks of a text under a file name, "line: text", remarks with "remark".

@@ -32,14 +32,11 @@ TEST_F(Game_Reader, TakesKeysInAnyCaseAndOrderAndSkipsTheOnesItDoesNotKnow)
 TEST_F(Game_Reader, TakesEveryLineEndAndALastLineWithoutOne)
 {
     EXPECT_EQ(Read_Game_Text("GTURN: 4\nBSCALE:  3\r\nGAMEAUTHOR: A\nMAXGTURN: 12"), 0);
-    EXPECT_EQ(GTURN, 4);
-    EXPECT_EQ(BSCALE, 3);
+    EXPECT_EQ(Row(GTURN, BSCALE, MAXGTURN), Row(4, 3, 12));
     EXPECT_EQ(GAMEAUTHOR, "A");
-    EXPECT_EQ(MAXGTURN, 12);
     EXPECT_EQ(Read_Game_Text("GAMEAUTHOR: B\rGTURN: 5\rIMAGE: x\rSTATUS: 2"), 0);
     EXPECT_EQ(GAMEAUTHOR, "B");
-    EXPECT_EQ(GTURN, 5);
-    EXPECT_EQ(UNIT[1].STATUS, 2);
+    EXPECT_EQ(Row(GTURN, UNIT[1].STATUS), Row(5, 2));
 }
 
 TEST_F(Game_Reader, SplitsALineAtItsFirstColonOnlyAndTrimsTexts)
@@ -78,9 +75,8 @@ TEST_F(Game_Reader, TakesEveryWayOfWritingANumber)
     EXPECT_EQ(ULLONG, -0.3f);
     EXPECT_EQ(DLATY, 0.0f) << "too small for a real is 0";
     EXPECT_EQ(DLONGX, -7.0f);
-    EXPECT_EQ(BSCALE, 12);
-    EXPECT_EQ(WINDD, 2) << "halves go to the even number";
-    EXPECT_EQ(Row(WINDS, VSTATUS, BLUEVP, REDVP, MAXGTURN), Row(4, -2, 300, 32767, 32767));
+    // Halves go to the even number.
+    EXPECT_EQ(Row(BSCALE, WINDD, WINDS, VSTATUS, BLUEVP, REDVP, MAXGTURN), Row(12, 2, 4, -2, 300, 32767, 32767));
 }
 
 TEST_F(Game_Reader, RefusesEachKindOfBadLineUnderItsNumber)
@@ -167,11 +163,9 @@ TEST_F(Game_Reader, KeepsTheOldQuirksOfTheFormat)
                     "PPVisible: 1", "PPACTIVE: 1"}),
               0);
     EXPECT_EQ(BAIAB, 5) << "written under this key, read under another";
-    EXPECT_EQ(UNIT[1].DX, 3) << "the reader keeps the two apart";
-    EXPECT_EQ(UNIT[1].DY, 4);
-    EXPECT_EQ(UNIT[1].DISTANCE_TO_END, 12) << "read when present";
-    EXPECT_EQ(UNIT[1].ROE + UNIT[1].FREEHUNT + UNIT[1].HPTVALUE + UNIT[1].TGTLINK + UNIT[1].HQPOWER, 0);
-    EXPECT_EQ(UNIT[1].TURNLOSS, 0.0f);
+    EXPECT_TRUE(Has(UNIT[1], "DX 3, DY 4")) << "the reader keeps the two apart";
+    EXPECT_TRUE(Has(UNIT[1], "DISTANCE_TO_END 12")) << "read when present";
+    EXPECT_TRUE(Has(UNIT[1], "ROE 0, FREEHUNT 0, HPTVALUE 0, TGTLINK 0, HQPOWER 0, TURNLOSS 0"));
     EXPECT_EQ(Row(PP[1].PPVISIBLE, PP[1].PPACTIVE), Row(0, 1));
     EXPECT_EQ(Read({"NAIAB: 9"}), 0);
     EXPECT_EQ(BAIAB, 9);
