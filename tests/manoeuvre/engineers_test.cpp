@@ -43,9 +43,11 @@ bool Breaches(int roll, int type, int attached_type = 0, int suppressed = 0)
     return Rows_Used() == 0;
 }
 
-void Work(int u, int turns)
+/// The last message after a turn's work.
+std::string Work(int u)
 {
-    for (; turns > 0; --turns) Engineer_Work(u);
+    Engineer_Work(u);
+    return Messages().empty() ? "" : Messages().back();
 }
 
 }   // namespace
@@ -220,17 +222,14 @@ TEST(Works, AFortificationTakesThreeTurnsAndShelters)
     Board board({"...", ".2.", "..."});
     const int u = board.Place(BLUE, 15, 15, 14);
     UNIT[u].TIMEREGR = 6;
-    Work(u, 1);
-    EXPECT_EQ(Messages().back(), "B1: Fortification will be complete in 2 turn!");
-    Work(u, 1);
-    EXPECT_EQ(Messages().back(), "B1: Fortification will be complete in 1 turn!");
+    EXPECT_EQ(Work(u), "B1: Fortification will be complete in 2 turn!");
+    EXPECT_EQ(Work(u), "B1: Fortification will be complete in 1 turn!");
     EXPECT_EQ(UNIT[u].TERTYPE, 2);
     UNIT[u].STATUS = 1;   // an ineffective unit digs no further, and tires all the same
-    Work(u, 1);
+    Work(u);
     EXPECT_EQ(UNIT[u].TIMEREGR, 4);
     UNIT[u].STATUS = 2;
-    Work(u, 1);
-    EXPECT_EQ(Messages().back(), "B1: Fortification is finished!");
+    EXPECT_EQ(Work(u), "B1: Fortification is finished!");
     EXPECT_TRUE(Has(UNIT[u], "TERTYPE 23, TIMEREGR 0, MOVEPOINTS2 0"));
     EXPECT_EQ(UNIT[u].FATIGUE, 2 + 4 * 3);
     EXPECT_TRUE(Has(BG[1], "BGTYPE 9, BGSIDE BLUE, BGX 10"));
@@ -248,10 +247,10 @@ TEST(Works, DiggersAreReleasedWhereNothingCanBeBuilt)
     UNIT[mined].TIMEREGR = UNIT[full].TIMEREGR = 4;
     UNIT[mined].MOVESTATUS = 2;
     Lay_Obstacle(Hex_Of(2, 2), RED);   // scattered on the works before they were finished
-    Work(mined, 1);
+    Work(mined);
     EXPECT_TRUE(Has(UNIT[mined], "TERTYPE 11, TIMEREGR 0, MOVESTATUS 2"));
     for (int row = 2; row <= MAX_BG; ++row) BG[row].BGHEX = 99999;
-    Work(full, 1);
+    Work(full);
     EXPECT_TRUE(Has(UNIT[full], "TIMEREGR 0, TERTYPE 0"));
     EXPECT_FALSE(Posted("finished"));
 }
@@ -263,16 +262,14 @@ TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
     const int u = board.Place(RED, 15, 15, 15), friendly = board.Place(RED, 14, 14);
     Give(UNIT[u], "BRIDGING 2, TIMEREGR 2");
     UNIT[u].MOVESTATUS = UNIT[friendly].MOVESTATUS = 1;
-    Work(u, 1);
-    EXPECT_EQ(Messages().back(), "R301: Bridge will be complete in 1 turn!");
+    EXPECT_EQ(Work(u), "R301: Bridge will be complete in 1 turn!");
     EXPECT_EQ(UNIT[u].MOVESTATUS, 1);
     EXPECT_EQ(Cell_Value(river), 5);
-    Work(u, 1);
-    EXPECT_EQ(Messages().back(), "R301: Bridge is finished!");
+    EXPECT_EQ(Work(u), "R301: Bridge is finished!");
     EXPECT_TRUE(Has(UNIT[u], "MOVESTATUS 2, BRIDGING 1"));
     EXPECT_EQ(UNIT[friendly].TERTYPE, 7);
     EXPECT_TRUE(Has(BG[1], "BGTYPE 7, BGSIDE RED"));
-    Work(u, 1);
+    Work(u);
     EXPECT_EQ(UNIT[u].BRIDGING, 1);   // one bridge is enough
 
     Lay_Obstacle(river, BLUE);
@@ -284,7 +281,7 @@ TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
     CrossingHex = river;
     Change_Crossing();
     EXPECT_EQ(UNIT[u].TERTYPE, 5);
-    Work(u, 1);
+    Work(u);
     EXPECT_EQ(BG[1].BGTYPE, 7);
     EXPECT_EQ(UNIT[u].BRIDGING, 0);
     EXPECT_EQ(Cell_Value(river), 7);
@@ -294,7 +291,7 @@ TEST(Works, ABridgeIsBuiltBlownAndBuiltAgainOnTheSameRow)
     Set_Cell(Hex_Of(3, 3), 7, "Bridge");
     Blow_Bridge(Hex_Of(3, 3));   // a bridge of the terrain alone
     EXPECT_EQ(Cell_Value(Hex_Of(3, 3)), 7);
-    Work(u, 1);   // no section left
+    Work(u);   // no section left
     EXPECT_EQ(Rows_Used(), 1);
     EXPECT_TRUE(Broken_Invariants().empty());
 }
@@ -305,13 +302,13 @@ TEST(Works, AnIneffectiveUnitComesOutOfTheWaterWithoutAWord)
     const int u = board.Place(BLUE, 15, 15);
     UNIT[u].STATUS = 1;
     UNIT[u].TIMEREGR = UNIT[u].MOVESTATUS = 2;
-    Work(u, 1);
+    Work(u);
     EXPECT_TRUE(Has(UNIT[u], "TIMEREGR 1, MOVESTATUS 1"));
-    Work(u, 1);
+    Work(u);
     EXPECT_TRUE(Has(UNIT[u], "TIMEREGR 0, MOVESTATUS 2"));
     EXPECT_TRUE(Messages().empty());
     Give(UNIT[u], "TIMEREGR 6, MOVESTATUS 6");   // a retreat route waits on while its unit works
-    Work(u, 1);
+    Work(u);
     EXPECT_EQ(UNIT[u].MOVESTATUS, 6);
 }
 
@@ -331,7 +328,7 @@ TEST(Works, ABridgeIsDrawnAcrossItsRiver)
         Board board(c.MAP);
         const int u = board.Place(BLUE, 15, 15, 15);
         UNIT[u].BRIDGING = 1;
-        Work(u, 1);
+        Work(u);
         EXPECT_EQ(Work_Icon(1), c.ICON);
         Blow_Bridge(Hex_Of(2, 2));
         EXPECT_EQ(Work_Icon(1), Cat("bl", c.ICON));

@@ -48,52 +48,32 @@ TEST(Supply, EachActivityTakesHalfItsShareOfTheFullLoad)
             << c.ACTIVITY << " " << c.MOBILITY << " " << c.TURN_LENGTH;
 }
 
-TEST(Supply, SquadsAndConvoysConsumeNothing)
-{
-    Board board(5, 5);
-    const int u = board.Place(BLUE, 15, 15);
-    for (const int size : {0, 100}) {
-        UNIT[u].SIZE = size;
-        Consume_Supply(u, 4);
-        EXPECT_EQ(UNIT[u].RSF2, 3.0f);
-    }
-}
-
 TEST(Supply, TheLevelFollowsAndStaysWithinItsField)
 {
-    Board board(5, 5);
-    const int u = board.Place(BLUE, 15, 15);
-    UNIT[u].RSF2 = 0.1f;
-    Consume_Supply(u, 4);   // 0.15 of 3 asked, 0.1 there
-    EXPECT_TRUE(Has(UNIT[u], "RSF2 0, LOGSTATN 0"));
-    UNIT[u].RSF2 = 4.2f;   // an overfull unit: 4.05 / 3 = 135 %
-    Consume_Supply(u, 4);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 135);
-    UNIT[u].MOVESTATUS = 2;   // on the move the surplus is left behind, after the level was taken
-    Consume_Supply(u, 4);
-    EXPECT_TRUE(Has(UNIT[u], "LOGSTATN 130, RSF2 3"));
-    UNIT[u].RSF = 0;
-    Consume_Supply(u, 4);
-    EXPECT_FLOAT_EQ(UNIT[u].RSF, 0.01f);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 30000);   // 3 / 0.01
-    UNIT[u].RSF2 = 1e6f;
-    Consume_Supply(u, 4);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 32767);   // a hundred million times the load
-}
-
-TEST(Supply, ADepotsLevelIsThatOfItsStock)
-{
-    Board board(5, 5);
-    const int u = board.Place(BLUE, 15, 15, 13);
-    Give(UNIT[u], "LSF 1000, LSF2 1200");
-    Consume_Supply(u, 2);
-    EXPECT_TRUE(Has(UNIT[u], "LSF2 1000, LOGSTATN 100"));
-    UNIT[u].LSF2 = 125;
-    Consume_Supply(u, 2);
-    EXPECT_EQ(UNIT[u].LOGSTATN, 12);   // 12.5, halves to even
-    UNIT[u].LSF = 0;
-    Consume_Supply(u, 2);   // no stock at all: by its own load, 2.775 / 3
-    EXPECT_EQ(UNIT[u].LOGSTATN, 92);
+    struct CASE {
+        int TYPE, ACTIVITY;
+        const char *BEFORE, *AFTER;
+    };
+    const CASE cases[] = {
+        {5, 4, "SIZE 0", "RSF2 3"},   // squads and convoys consume nothing
+        {5, 4, "SIZE 100", "RSF2 3"},
+        {5, 4, "RSF2 0.1", "RSF2 0, LOGSTATN 0"},   // 0.15 of 3 asked, 0.1 there
+        {5, 4, "RSF2 4.2", "LOGSTATN 135"},         // an overfull unit: 4.05 / 3
+        // On the move the surplus is left behind, after the level was taken: 3.9 / 3.
+        {5, 4, "RSF2 4.05, MOVESTATUS 2", "RSF2 3, LOGSTATN 130"},
+        {5, 4, "RSF 0", "RSF 0.01, LOGSTATN 30000"},                 // 3 / 0.01
+        {5, 4, "RSF 0.01, RSF2 1000000", "LOGSTATN 32767"},          // a hundred million times the load
+        {13, 2, "LSF 1000, LSF2 1200", "LSF2 1000, LOGSTATN 100"},   // a depot's level is that of its stock
+        {13, 2, "LSF 1000, LSF2 125", "LOGSTATN 12"},                // 12.5, halves to even
+        {13, 2, "LSF 0, LSF2 125, RSF2 2.85", "LOGSTATN 92"},        // no stock at all: by its own load, 2.775 / 3
+    };
+    for (const CASE& c : cases) {
+        Board board(5, 5);
+        const int u = board.Place(BLUE, 15, 15, c.TYPE);
+        Give(UNIT[u], c.BEFORE);
+        Consume_Supply(u, c.ACTIVITY);
+        EXPECT_TRUE(Has(UNIT[u], c.AFTER)) << c.BEFORE;
+    }
 }
 
 TEST(Supply, ALevelThatIsNoNumberIsToldAndTheGameGoesOn)
