@@ -33,6 +33,12 @@ struct Meeting {
     bool Blue_Fired() const { return RMANL > 0; }
     bool Red_Fired() const { return BMANL > 0; }
     bool Supplies_Charged() { return Blue().RSF2 < 3; }
+    void Screen_With_Blue()
+    {
+        Blue().TACOPN = 3;
+        Set_Footprint(B);
+        Set_Screen(B);
+    }
     /// "f." is Blue, "t." Red.
     void Set(const char* arranged) { Arrange(B, R, arranged); }
 };
@@ -361,9 +367,7 @@ TEST(Screens, EitherSideMayBreakContactAtOnce)
 {
     for (const bool enemy_is_nervous : {true, false}) {
         Meeting m;
-        m.Blue().TACOPN = 3;
-        Set_Footprint(m.B);
-        Set_Screen(m.B);
+        m.Screen_With_Blue();
         m.Red().RETREATP = enemy_is_nervous ? 1 : 0;   // 1 % or 15 %; it loses 4 %
         Engage_Unit(m.B, FIRE);
         EXPECT_EQ(m.Red().X, 225 + (enemy_is_nervous ? 60 : 0));
@@ -375,9 +379,7 @@ TEST(Screens, AScreenHoldsWhereItsGunsDestroyedWhoTouchedIt)
 {
     for (const float strength : {100.0f, 4.0f}) {
         Meeting m;
-        m.Blue().TACOPN = 3;
-        Set_Footprint(m.B);
-        Set_Screen(m.B);
+        m.Screen_With_Blue();
         m.Blue().TURNLOSS = 5;   // half of its power is lost to others, 15 % are allowed
         m.Red().STRENGTH = strength;
         const int battery = m.BOARD.Place(BLUE, 105, 205, 8, 100.0f);
@@ -401,9 +403,8 @@ TEST(Screens, FindWorksOfTheEnemyUnderAnyOfTheirPoints)
         const int a = board.Place(BLUE, 205, 205);
         // half of the footprint, rounded to even, is 30
         Arrange(a, 0, "f.TACOPN 3, f.LX 205, f.LY 105, f.RX 305, f.RY 305, f.FOOTPRINT 61");
-        BG[1].BGHEX = 1;
+        Give(BG[1], "BGHEX 1, BGY 100");
         BG[1].BGX = 205 - pixels - 5;
-        BG[1].BGY = 100;
         BG[1].BGTYPE = type;
         BG[1].BGSIDE = side;
         Engage_Unit(a, LOOK);
@@ -413,14 +414,12 @@ TEST(Screens, FindWorksOfTheEnemyUnderAnyOfTheirPoints)
 
 TEST(CombatPhase, RetreatIsDecidedByTheShareOfPowerLostOrByFullSuppression)
 {
-    const CASES<const char*, bool> cases = {
-        {"f.TURNLOSS 15", false},   // exactly 15 %
-        {"f.TURNLOSS 15.01", true},
-        {"f.TURNLOSS 15.01, f.RETREATP 5", false},   // "20%"
-        {"f.TURNLOSS 2, f.RETREATP 1", true},        // "1%"
-        {"f.TURNLOSS 2, f.SUPPRESSED 4", true},
-        {"f.TURNLOSS 2, f.SUPPRESSED 5", false},
-    };
+    const CASES<const char*, bool> cases = {{"f.TURNLOSS 15", false},
+                                            {"f.TURNLOSS 15.01", true},   // exactly 15 %
+                                            {"f.TURNLOSS 15.01, f.RETREATP 5", false},
+                                            {"f.TURNLOSS 2, f.RETREATP 1", true},   // "20%", "1%"
+                                            {"f.TURNLOSS 2, f.SUPPRESSED 4", true},
+                                            {"f.TURNLOSS 2, f.SUPPRESSED 5", false}};
     for (const auto& [arranged, retreats] : cases) {
         Board board(40, 40);
         const int u = board.Place(BLUE, 205, 205, 5, 100.0f);
