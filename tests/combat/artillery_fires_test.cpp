@@ -49,7 +49,7 @@ TEST(ArtilleryAttack, EveryFactorOfAHardCaseCounts)
 // clang-format off
 TEST(ArtilleryAttack, EachRowOfTheTableActsAsPrinted)
 {
-    // Against offence 0.9, a battalion 0.2, tracks 0.3, armour 0.8, command 3 0.65; all else of the plain case is 1.
+    // Against offence 0.9, a battalion 0.2, tracks 0.3, armour 0.8, command 3 0.65; all else is 1.
     constexpr FACTOR_CASE CASES[] = {
         {"f.MORALE 0", 0.5f}, {"f.MORALE 1", 0.8f}, {"f.MORALE 4", 1.2f},
         {"f.FATIGUE 1", 1.1f}, {"f.FATIGUE 15", 1}, {"f.FATIGUE 22", 0.5f},
@@ -60,10 +60,12 @@ TEST(ArtilleryAttack, EachRowOfTheTableActsAsPrinted)
         {"t.TACOPN 12", 0.2f / 0.9f},
         {"t.SPOTTED 0", 0.1f}, {"t.SPOTTED 3", 1},
         {"t.SIZE 4", 0.1f / 0.2f}, {"t.SIZE 5", 0.05f / 0.2f}, {"t.SIZE 100", 0.05f / 0.2f},
-        {"t.MOBILITY 0", 1.1f / 0.3f}, {"t.MOBILITY 3", 1.5f / 0.3f}, {"t.MOBILITY 3, t.MOVESTATUS 8", 0.9f / 0.3f},
+        {"t.MOBILITY 0", 1.1f / 0.3f}, {"t.MOBILITY 3", 1.5f / 0.3f},
+        {"t.MOBILITY 3, t.MOVESTATUS 8", 0.9f / 0.3f},
         {"t.TYPE 10", 1.2f / 0.8f}, {"t.TYPE 18", 1 / 0.8f},
         {"t.TYPE 13", 1 / 0.8f},   // a battalion's depot is no target
-        {"t.TYPE 13, t.SIZE 4", 0.2f * 0.1f / (0.8f * 0.2f)}, {"t.TYPE 13, t.SIZE 5", 0.1f * 0.05f / (0.8f * 0.2f)},
+        {"t.TYPE 13, t.SIZE 4", 0.2f * 0.1f / (0.8f * 0.2f)},
+        {"t.TYPE 13, t.SIZE 5", 0.1f * 0.05f / (0.8f * 0.2f)},
         {"f.C2 0", 0.5f / 0.65f}, {"f.EWSTATUS 10", 0.66f},
         {"f.UCONTROL 1, t.TACOPN 2", 0.6f / 0.9f},   // control does not reach a breach
     };

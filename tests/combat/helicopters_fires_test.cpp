@@ -62,7 +62,8 @@ TEST(HelicopterAttack, EachRowOfTheTableActsAsPrinted)
         {"f.UCONTROL 1", 1.5f}, {"f.MOVESTATUS 10", 0.1f},
         {"t.TERTYPE 1", 0.6f}, {"t.TERTYPE 6", 0.3f}, {"t.TERTYPE 12", 1.2f}, {"t.TERTYPE 21", 0.2f},
         {"t.TACOPN 2", 0.6f}, {"t.TACOPN 3", 0.3f}, {"t.TACOPN 11", 0.2f},
-        {"t.MOBILITY 0", 0.5f}, {"t.MOBILITY 1", 1.3f}, {"t.MOVESTATUS 2", 1.4f}, {"t.MOBILITY 3, t.MOVESTATUS 9", 0},
+        {"t.MOBILITY 0", 0.5f}, {"t.MOBILITY 1", 1.3f}, {"t.MOVESTATUS 2", 1.4f},
+        {"t.MOBILITY 3, t.MOVESTATUS 9", 0},
         {"t.TYPE 3", 1.5f}, {"t.TYPE 9", 1.5f}, {"t.TYPE 12", 0.7f}, {"t.OBSCURED 1", 0.3f},
     };
     Expect_Factors(CASES, loss);
