@@ -175,11 +175,9 @@ TEST_F(River_Scenario, RedsObstacleIsLaidInTheSecondTurnAndLostAgain)
 
 TEST_F(River_Scenario, TheCompanyThatARoadblockHeldUpCrossesOverTheNewBridge)
 {
-    // The company that a roadblock has held up comes to the bank when the bridge stands, and needs no boats any
-    // more.
     bool crossed = false;
     for (std::size_t t = 1; t < TURNS.size(); ++t) {
-        EXPECT_EQ(TURNS[t].TANKS_WORK, 0) << "turn " << t;
+        EXPECT_EQ(TURNS[t].TANKS_WORK, 0) << "no boats any more, turn " << t;
         if (TURNS[t].TANKS_COLUMN <= CROSSING_COLUMN) continue;
         EXPECT_TRUE(crossed || TURNS[t - 1].BRIDGE_STANDS) << "turn " << t;
         crossed = true;
@@ -197,8 +195,7 @@ TEST_F(River_Scenario, APersistentStrikeClosesTheValleyForTwelveTurnsAndABrigade
 
 TEST_F(River_Scenario, ACloudWidensDownWindAndIsGone)
 {
-    // 9 pixels at first, or 12 with cells of 10 and more; its drifts of turn 1 make it 1, 1.5, 2 and 2.5 times as
-    // wide
+    // 9 pixels at first; its drifts of turn 1 make it 1, 1.5, 2 and 2.5 times as wide
     ASSERT_GE(TURNS.size(), 4u);
     ASSERT_EQ(TURNS[1].CLOUD_SIZES.size(), 1u);
     EXPECT_GT(TURNS[1].CLOUD_SIZES[0], 9 * 7) << "9 x 1 x 1.5 x 2 x 2.5, rounded at each drift";
