@@ -105,11 +105,11 @@ TEST(AirAttack, AttacksOnPlacesAreAChance)
     const CASES<int, int, int, int, bool, int, const char*> cases = {
         {BRIDGE, STRIKE, 2, 0, DAY, 59, "Air Strike BDA: Bridge is destroyed!"},
         {BRIDGE, STRIKE, 2, 0, DAY, 60, "Air Strike BDA: Air attack misses bridge!"},
-        {BRIDGE, STRIKE, 4, 0, DAY, 64, "destroyed"}, {BRIDGE, STRIKE, 4, 0, DAY, 66, "misses"},      // 60 x 1.1 = 66
+        {BRIDGE, STRIKE, 4, 0, DAY, 64, "destroyed"}, {BRIDGE, STRIKE, 4, 0, DAY, 66, "misses"},   // 60 x 1.1 = 66
         {BRIDGE, STRIKE, 6, 0, DAY, 71, "destroyed"}, {BRIDGE, STRIKE, 8, 0, DAY, 77, "destroyed"},   // 72, 78
         {BRIDGE, STRIKE, 9, 0, DAY, 89, "destroyed"},   // 90
         {BRIDGE, STRIKE, 2, 0, NIGHT, 30, "misses"}, {BRIDGE, STRIKE, 2, 1, DAY, 30, "misses"},     // halved: 30
-        {BRIDGE, STRIKE, 2, 2, DAY, 17, "misses"}, {BRIDGE, STRIKE, 2, 2, DAY, 14, "destroyed"},     // quartered: 15
+        {BRIDGE, STRIKE, 2, 2, DAY, 17, "misses"}, {BRIDGE, STRIKE, 2, 2, DAY, 14, "destroyed"},   // quartered: 15
         {BRIDGE, BOMBER, 2, 0, DAY, 100, "Bomber Misson: Bridge is destroyed!"},               // 50 of 60
         {BRIDGE, BOMBER, 2, 1, DAY, 60, "Bomber Mission BDA: Air attack misses bridge!"},      // 30 of 30
         {MINES, STRIKE, 2, 0, DAY, 79, "Air Strike BDA: FASCAM mission was successful!"},
